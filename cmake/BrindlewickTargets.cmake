@@ -1,0 +1,44 @@
+# What every target of the program has in common: the language level, the warnings, the sanitizers,
+# and the rule that a folder sees only the folders it links.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(brindlewick_options INTERFACE)
+target_compile_options(brindlewick_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+if(BRINDLEWICK_WARNINGS_AS_ERRORS)
+  target_compile_options(brindlewick_options INTERFACE -Werror)
+endif()
+if(BRINDLEWICK_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(brindlewick_options INTERFACE ${sanitizers})
+  target_link_options(brindlewick_options INTERFACE ${sanitizers})
+endif()
+
+# brindlewick_folder_library(NAME SOURCES file... [LINKS target...])
+#
+# Makes one folder of the program a static library. Its headers are included as "NAME/header.h",
+# through a link of its own in the build folder, so that a header of a folder that is not linked
+# cannot be found: a forbidden include does not build.
+function(brindlewick_folder_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  set(include_root "${CMAKE_BINARY_DIR}/include/${name}")
+  file(MAKE_DIRECTORY "${include_root}")
+  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${include_root}/${name}" SYMBOLIC)
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC "${include_root}")
+  target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE brindlewick_options)
+endfunction()
+
+# brindlewick_tests(FOLDER SOURCES file... [LINKS target...])
+#
+# One test program, FOLDER_tests, whose cases CTest runs one by one.
+function(brindlewick_tests folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_executable(${folder}_tests ${arg_SOURCES})
+  target_include_directories(${folder}_tests PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_link_libraries(${folder}_tests PRIVATE ${folder} ${arg_LINKS} GTest::gmock_main brindlewick_options)
+  gtest_discover_tests(${folder}_tests PROPERTIES TIMEOUT 120 DISCOVERY_TIMEOUT 60)
+endfunction()

@@ -1,0 +1,36 @@
+// What the buttons and gestures of the input file list do.
+#pragma once
+
+#include "lists/text_list.h"
+#include "platform/settings_store.h"
+#include "platform/user_interface.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace brindlewick {
+
+/// Each handler reports its own failures and goes on; what was appended before a failure stays.
+class InputFileHandlers {
+public:
+    InputFileHandlers(UserInterface& user, SettingsStore& settings, TextList& inputFiles) noexcept
+        : user_(user), settings_(settings), inputFiles_(inputFiles) {}
+
+    void PushButton1_Click();  ///< "Add JSON Files"
+    void PushButton5_Click();  ///< "Add All JSON Files In Folder"
+    void PushButton16_Click(); ///< "Load JSON Files From Text File"
+    void PushButton14_Click(); ///< "Clear List"
+    /// Removes the selected row unless an operation is under way.
+    void ListView1_DblClick(std::optional<std::size_t> selectedRow);
+    /// Takes dropped files and folders, in the order that the drop delivers them.
+    void ListView1_OLEDragDrop(const std::vector<std::u16string>& items);
+
+private:
+    UserInterface& user_;
+    SettingsStore& settings_;
+    TextList& inputFiles_;
+};
+
+} // namespace brindlewick

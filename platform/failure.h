@@ -1,0 +1,47 @@
+// A run-time failure: a number that tells its kind and the text that the user is shown for it.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace brindlewick {
+
+enum class FailureNumber : std::int32_t {
+    invalidProcedureCall = 5,
+    overflow = 6,
+    outOfMemory = 7,
+    subscriptOutOfRange = 9,
+    typeMismatch = 13,
+    outOfStackSpace = 28,
+    fileNotFound = 53,
+    deviceIoError = 57,
+    diskFull = 61,
+    permissionDenied = 70,
+    pathNotFound = 76,
+    duplicateKey = 457,
+    invalidPicture = 481,
+};
+
+/// The text shown to the user for a failure, for example u"File not found".
+std::u16string_view descriptionOf(FailureNumber number) noexcept;
+
+/// No text that the program builds (a file's text, an accumulator, a row) may be longer than this many
+/// UTF-16 code units; the statement that would build a longer one fails with outOfMemory.
+inline constexpr std::size_t longestText = std::size_t{1} << 30;
+
+/// Thrown by every operation that documents a failure.
+class Failure : public std::exception {
+public:
+    explicit Failure(FailureNumber number) noexcept : number_(number) {}
+
+    FailureNumber number() const noexcept { return number_; }
+    std::u16string_view description() const noexcept { return descriptionOf(number_); }
+    const char* what() const noexcept override { return "brindlewick::Failure"; }
+
+private:
+    FailureNumber number_;
+};
+
+} // namespace brindlewick

@@ -1,0 +1,75 @@
+// Files and folders: what the program asks the operating system about them. Paths are UTF-16 texts (see
+// native_path.h). Failures: pathNotFound when the folder that should hold the file is missing, fileNotFound
+// when the file is, permissionDenied when access is refused or a folder is opened as a file, diskFull,
+// and deviceIoError for everything else.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brindlewick {
+
+/// Attribute bits, added up.
+namespace attribute {
+inline constexpr unsigned readOnly = 1;  ///< no write permission for the user
+inline constexpr unsigned hidden = 2;    ///< the name begins with "."
+inline constexpr unsigned folder = 16;
+inline constexpr unsigned file = 32;     ///< a regular file
+inline constexpr unsigned linkedFolder = 1046; ///< a symbolic link to a folder: the whole value, as a junction has
+} // namespace attribute
+
+/// The length in bytes. Fails when the file cannot be looked at.
+std::uint64_t fileLength(std::u16string_view path);
+/// True when the path's modification time can be read: a folder counts too. Never fails.
+bool FileExists(std::u16string_view path) noexcept;
+/// True for what exists and is not a folder: one look at the status, no access rights asked. Never fails.
+bool FileExistsByOpen(std::u16string_view path) noexcept;
+/// True when the attributes carry the folder bit; false on any failure.
+bool IsFolder(std::u16string_view path) noexcept;
+/// The attribute bits of the path. Fails when it cannot be looked at.
+unsigned fileAttributes(std::u16string_view path);
+
+/// Existence and attributes from a single look at the status.
+struct FileStatus {
+    bool exists = false;
+    unsigned attributes = 0; ///< 0 when the path does not exist
+};
+FileStatus fileStatus(std::u16string_view path) noexcept;
+
+/// One name of a folder's listing. `isFolder` is the operating system's own answer from the listing where it
+/// gives one; a symbolic link is looked at once.
+struct FolderEntry {
+    std::u16string name;
+    bool isFolder = false;       ///< a folder, or a symbolic link to one
+    bool isSymbolicLink = false;
+};
+/// Everything in the folder but "." and "..", ordered by name without regard to case, then by code unit.
+/// Fails with permissionDenied or pathNotFound when the folder cannot be read.
+std::vector<FolderEntry> listFolder(std::u16string_view folder);
+
+/// The folder that holds the executable, without a separator at its end.
+std::u16string programFolder();
+
+/// A file open for reading bytes.
+class InputFile {
+public:
+    /// Fails when the file cannot be opened; a folder fails with permissionDenied.
+    explicit InputFile(std::u16string_view path);
+    ~InputFile();
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
+
+    /// Reads up to `bytes.size()` bytes, fewer only at the end; gives the count read, 0 at the end.
+    std::size_t read(std::span<char> bytes);
+    /// The length in bytes as it stands.
+    std::uint64_t length() const;
+
+private:
+    std::intptr_t handle_;
+};
+
+} // namespace brindlewick

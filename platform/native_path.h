@@ -1,0 +1,25 @@
+// Paths as the program holds them (UTF-16) and as the operating system takes them.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace brindlewick {
+
+/// The separator of paths that the program builds itself: u'/' here, u'\\' on Windows.
+inline constexpr char16_t pathSeparator = std::filesystem::path::preferred_separator == '/' ? u'/' : u'\\';
+
+/// The path as the operating system takes it. On POSIX: UTF-8, with the lone surrogates U+DC80 to U+DCFF
+/// turned back into the bytes 80 to FF that they stand for (any other lone surrogate becomes U+FFFD).
+std::filesystem::path nativePath(std::u16string_view path);
+/// The inverse: bytes that are not valid UTF-8 become the lone surrogates U+DC80 to U+DCFF, one a byte,
+/// so that every name can be listed and opened again.
+std::u16string pathText(const std::filesystem::path& path);
+/// The inverse for bytes handed in from outside (a command line), POSIX rules on every platform.
+std::u16string textFromPathBytes(std::string_view bytes);
+
+/// The text after the last separator of either kind ("/" or "\"), the whole path when it holds none.
+std::u16string_view fileNamePart(std::u16string_view path) noexcept;
+
+} // namespace brindlewick
