@@ -1,0 +1,36 @@
+// The window's look: the optional skin and the hand pointer over buttons.
+#pragma once
+
+#include "platform/user_interface.h"
+
+#include <QCursor>
+#include <QObject>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class QWidget;
+
+namespace brindlewick {
+
+/// Applies the skin file "x/o.cjs" (a Qt style sheet) of the program folder to the window. A missing file is
+/// not an error; one that cannot be loaded fails with invalidProcedureCall.
+void ApplySkin(QWidget& window, std::u16string_view programFolder);
+
+/// The pointer picture "HAND-M.CUR" of the program folder with the hot spot that the file names; none when the
+/// file does not exist. Fails with invalidPicture when it is no pointer picture.
+std::optional<QCursor> loadHandPointer(std::u16string_view programFolder);
+
+/// Shows the custom pointer over every push button and the default pointer over the window's surface and
+/// over group box `Frame2`, and never replaces the hourglass.
+class HoverPointer : public QObject {
+public:
+    HoverPointer(QWidget& window, UserInterface& user);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& window_;
+    UserInterface& user_;
+};
+
+} // namespace brindlewick
