@@ -1,4 +1,4 @@
-// The results table: rows in the order produced, each an optional file path, a text and a check mark.
+// The results table: rows in the order produced, each a text, the file it comes from and a check mark.
 //
 // Lean by design: a row is 16 bytes; the text of a run of identical rows is stored once, and a file's path
 // once for all its rows. Nothing moves once it is stored, so a million rows are never copied to grow.
@@ -42,7 +42,6 @@ public:
     ResultsTable& operator=(const ResultsTable&) = delete;
 
     /// Replaces the columns: "Filename" and "Results" (3500 twips each), or "Results" alone (7000 twips).
-    /// The rows are kept; a table without the file name shows the texts alone.
     void setColumns(bool withFilename);
     /// Takes all rows and all columns away.
     void clearAll();
@@ -55,8 +54,9 @@ public:
     void beginFile(std::u16string_view path);
     /// Stores a text once. Fails with outOfMemory when it is longer than `longestText`.
     Text store(std::u16string_view text);
-    /// Appends a row of the current file, ticked.
-    void appendRow(Text text);
+    /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second the
+    /// text; without it, the first cell is the text and a second column stays empty.
+    void appendRow(Text text, bool withFilename);
 
     std::size_t rowCount() const noexcept { return rowCount_; }
     const std::vector<TableColumn>& columns() const noexcept { return columns_; }
@@ -72,9 +72,13 @@ private:
     struct Row {
         const char16_t* units;
         std::uint32_t length;
-        std::uint32_t fileAndMark; ///< the file's number times 2, plus 1 when ticked
+        std::uint32_t file : 30;
+        std::uint32_t withFilename : 1;
+        std::uint32_t checked : 1;
     };
-    static_assert(sizeof(void*) > 8 || sizeof(Row) <= 16);
+    static_assert(sizeof(Row) <= 16);
+
+    void discardRows();
 
     static constexpr std::size_t rowsPerBlock = std::size_t{1} << 16;
 
