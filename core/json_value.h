@@ -1,0 +1,71 @@
+// The values that the lenient JSON reader makes: a tagged value, ordered objects and arrays.
+#pragma once
+
+#include "core/decimal_number.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace brindlewick {
+
+class JsonObject;
+class JsonArray;
+
+/// Objects and arrays are read no deeper inside each other than this, so that reading, writing and destroying
+/// them one inside the other costs a bounded stack.
+inline constexpr int deepestNesting = 1024;
+
+struct JsonNull {};
+
+/// Empty (std::monostate), null, boolean, number, text, object or array. Objects and arrays are shared by
+/// reference and live as long as their last holder.
+using JsonValue = std::variant<std::monostate, JsonNull, bool, DecimalNumber, std::u16string,
+                               std::shared_ptr<JsonObject>, std::shared_ptr<JsonArray>>;
+
+/// An ordered map with unique keys, compared code unit by code unit; members keep the order of adding.
+class JsonObject {
+public:
+    struct Member {
+        std::u16string key;
+        JsonValue value;
+    };
+
+    JsonObject() = default;
+    JsonObject(const JsonObject&) = delete;
+    JsonObject& operator=(const JsonObject&) = delete;
+
+    /// False, and nothing changed, when the key is there already. Constant time on average, whatever the
+    /// number of members.
+    bool add(std::u16string key, JsonValue value);
+    const std::vector<Member>& members() const noexcept { return members_; }
+
+private:
+    bool contains(std::u16string_view key) const;
+    void enter(std::size_t member);
+    void growIndex();
+
+    std::vector<Member> members_;
+    /// Open-addressed index of members_ by key: member number plus 1, or 0. Empty while there are few members.
+    std::vector<std::uint32_t> index_;
+};
+
+/// An ordered list of values.
+class JsonArray {
+public:
+    JsonArray() = default;
+    JsonArray(const JsonArray&) = delete;
+    JsonArray& operator=(const JsonArray&) = delete;
+
+    void append(JsonValue value) { elements_.push_back(std::move(value)); }
+    const std::vector<JsonValue>& elements() const noexcept { return elements_; }
+
+private:
+    std::vector<JsonValue> elements_;
+};
+
+} // namespace brindlewick
