@@ -1,0 +1,84 @@
+#include "extract/extraction_options.h"
+
+#include "core/decimal_number.h"
+#include "platform/error_report.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace brindlewick {
+
+namespace {
+
+// No mode's number needs a longer text, not even one with every decimal place written out.
+constexpr std::size_t longestNumber = 64;
+
+bool isEqual(const DecimalNumber& number, std::uint32_t whole) {
+    if (number.negative || number.high != 0)
+        return false;
+    std::uint64_t rest = number.low;
+    for (int place = 0; place < number.scale; ++place) {
+        if (rest % 10 != 0)
+            return false;
+        rest /= 10;
+    }
+    return rest == whole;
+}
+
+} // namespace
+
+void ExtractionOptions::chooseMode(ExtractionMode mode) {
+    mode_ = mode;
+    const auto digit = static_cast<char16_t>(u'0' + static_cast<std::int32_t>(mode));
+    settings_.SaveSetting(u"Option", {&digit, 1});
+}
+
+void ExtractionOptions::setIncludeFilename(bool include) {
+    includeFilename_ = include;
+    settings_.SaveSetting(u"Check1", include ? u"1" : u"0");
+}
+
+ExtractionMode modeFromSetting(std::u16string_view stored) {
+    // The longest leading part that is a number counts: u"2abc" is 2, u"1.0" is 1.
+    const std::size_t start = std::min(stored.find_first_not_of(u" \t\r\n"), stored.size());
+    const std::size_t end = std::min(stored.find_first_not_of(u"+-0123456789.eE", start), stored.size());
+    for (std::size_t length = std::min<std::size_t>(end - start, longestNumber); length > 0; --length) {
+        const DecimalReading reading = readDecimal(stored.substr(start, length));
+        if (reading.failure)
+            continue;
+        for (const auto mode : {ExtractionMode::valueAndTag, ExtractionMode::valueWithoutTag,
+                                ExtractionMode::entireLine, ExtractionMode::all})
+            if (isEqual(reading.number, static_cast<std::uint32_t>(mode)))
+                return mode;
+        return ExtractionMode::none;
+    }
+    return ExtractionMode::none;
+}
+
+std::int32_t flagFromSetting(std::u16string_view stored) {
+    const std::size_t first = stored.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos)
+        throw Failure(FailureNumber::typeMismatch);
+    const std::int32_t number = decimalAsInteger(stored.substr(first, stored.find_last_not_of(u' ') - first + 1));
+    if (number < std::numeric_limits<std::int16_t>::min() || number > std::numeric_limits<std::int16_t>::max())
+        throw Failure(FailureNumber::overflow);
+    return number;
+}
+
+std::u16string explainModes(const std::array<std::u16string, 4>& captions) {
+    static constexpr std::array<std::u16string_view, 4> explanations = {
+        u" - will extract all characters including tag name",
+        u" - will extract only value characters without tag name",
+        u" - will extract only strings containing tag name",
+        u" - will extract all characters including tags names without filters",
+    };
+    std::u16string text;
+    for (std::size_t mode = 0; mode < captions.size(); ++mode)
+        text.append(captions[mode]).append(explanations[mode]).append(u"\r\n\r\n");
+    return text.append(u"If you need more extraction features please email ")
+        .append(supportAddress)
+        .append(u" and I will add them if you give an example of what you have (before) and what you want for "
+                u"results (after).");
+}
+
+} // namespace brindlewick

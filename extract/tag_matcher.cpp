@@ -1,0 +1,159 @@
+#include "extract/tag_matcher.h"
+
+#include "platform/letter_case.h"
+
+namespace brindlewick {
+
+namespace {
+
+// Entries, 4 bytes each: beyond this the tags' own edges are followed instead of a full table.
+constexpr std::size_t largestTable = std::size_t{1} << 24;
+
+std::uint64_t edgeKey(std::uint32_t state, std::uint32_t unitClass) {
+    return (std::uint64_t{state} << 16) | unitClass;
+}
+
+} // namespace
+
+TagMatcher::TagMatcher(std::span<const std::u16string> tags) : classOfUnit_(65536, 0), nodes_(1) {
+    for (const std::u16string& tag : tags)
+        addTag(tag);
+    // A unit behaves like the folded unit that the tags were entered under.
+    const char16_t* const folded = foldCaseTable();
+    for (std::size_t unit = 0; unit < classOfUnit_.size(); ++unit)
+        classOfUnit_[unit] = classOfUnit_[folded[unit]];
+    linkFailures();
+    if (nodes_.size() * classCount_ <= largestTable)
+        buildTable();
+}
+
+void TagMatcher::addTag(std::u16string_view tag) {
+    if (tag.empty()) {
+        ++emptyTags_;
+        return;
+    }
+    ++otherTags_;
+    State state = root;
+    for (const char16_t unit : tag) {
+        std::uint16_t& unitClass = classOfUnit_[foldCase(unit)];
+        if (unitClass == 0)
+            unitClass = static_cast<std::uint16_t>(classCount_++);
+        const auto [edge, isNew] = edges_.try_emplace(edgeKey(state, unitClass), static_cast<State>(nodes_.size()));
+        if (isNew)
+            nodes_.emplace_back();
+        state = edge->second;
+    }
+    ++nodes_[state].tags;
+}
+
+/// Goes through the states by depth, so that a suffix is linked before the states that fall back on it.
+void TagMatcher::linkFailures() {
+    struct Edge {
+        State parent;
+        std::uint32_t unitClass;
+    };
+    // States are numbered in the order of entering, children after their parents: a parent's edge is known first,
+    // and counting depths orders the states without sorting.
+    std::vector<Edge> edgeTo(nodes_.size());
+    for (const auto& [key, child] : edges_)
+        edgeTo[child] = {static_cast<State>(key >> 16), static_cast<std::uint32_t>(key & 0xFFFF)};
+    std::vector<std::uint32_t> depth(nodes_.size(), 0);
+    std::vector<std::size_t> startOfDepth(2, 0);
+    for (State state = 1; state < nodes_.size(); ++state) {
+        depth[state] = depth[edgeTo[state].parent] + 1;
+        if (startOfDepth.size() <= depth[state] + 1)
+            startOfDepth.resize(depth[state] + 2, 0);
+        ++startOfDepth[depth[state] + 1];
+    }
+    for (std::size_t at = 1; at < startOfDepth.size(); ++at)
+        startOfDepth[at] += startOfDepth[at - 1];
+    std::vector<State> byDepth(nodes_.size() - 1);
+    for (State state = 1; state < nodes_.size(); ++state)
+        byDepth[startOfDepth[depth[state]]++] = state;
+
+    for (const State state : byDepth) {
+        const auto [parent, unitClass] = edgeTo[state];
+        Node& node = nodes_[state];
+        node.failure = parent == root ? root : nextSparse(nodes_[parent].failure, unitClass);
+        node.outputs = nodes_[node.failure].tags != 0 ? node.failure : nodes_[node.failure].outputs;
+    }
+}
+
+void TagMatcher::buildTable() {
+    table_.assign(nodes_.size() * classCount_, root);
+    // A state's failure state is shallower, but may have a higher number, so rows are filled on demand, deepest
+    // dependency first, along the failure chain.
+    std::vector<bool> isFilled(nodes_.size(), false);
+    std::vector<std::vector<std::pair<std::uint32_t, State>>> children(nodes_.size());
+    for (const auto& [key, child] : edges_)
+        children[key >> 16].emplace_back(static_cast<std::uint32_t>(key & 0xFFFF), child);
+    std::vector<State> chain;
+    for (State start = 0; start < nodes_.size(); ++start) {
+        for (State state = start; !isFilled[state]; state = nodes_[state].failure) {
+            chain.push_back(state);
+            isFilled[state] = true;
+        }
+        for (; !chain.empty(); chain.pop_back()) {
+            const State state = chain.back();
+            State* const row = table_.data() + std::size_t{state} * classCount_;
+            if (state != root) {
+                const State* const fallBack = table_.data() + std::size_t{nodes_[state].failure} * classCount_;
+                std::copy(fallBack, fallBack + classCount_, row);
+            }
+            for (const auto& [unitClass, child] : children[state])
+                row[unitClass] = child;
+        }
+    }
+}
+
+TagMatcher::State TagMatcher::childOf(State state, std::uint32_t unitClass) const {
+    const auto edge = edges_.find(edgeKey(state, unitClass));
+    return edge == edges_.end() ? root : edge->second;
+}
+
+TagMatcher::State TagMatcher::nextSparse(State state, std::uint32_t unitClass) const {
+    for (;;) {
+        if (const State child = childOf(state, unitClass); child != root || state == root)
+            return child;
+        state = nodes_[state].failure;
+    }
+}
+
+std::size_t TagMatcher::countMatches(std::u16string_view line) {
+    startLine();
+    std::size_t count = 0;
+    State state = root;
+    for (const char16_t unit : line) {
+        const std::uint32_t unitClass = classOfUnit_[unit];
+        state = table_.empty() ? nextSparse(state, unitClass) : table_[std::size_t{state} * classCount_ + unitClass];
+        if (state != root) {
+            count += countOutputs(state);
+            if (count == otherTags_)
+                break;
+        }
+    }
+    return count + emptyTags_;
+}
+
+/// Counts the tags that end here, and stops at the first state counted in this line before: what it falls back on was
+/// counted with it.
+std::size_t TagMatcher::countOutputs(State state) {
+    std::size_t count = 0;
+    if (nodes_[state].tags == 0)
+        state = nodes_[state].outputs;
+    for (; state != root && nodes_[state].seenIn != line_; state = nodes_[state].outputs) {
+        nodes_[state].seenIn = line_;
+        count += nodes_[state].tags;
+    }
+    return count;
+}
+
+void TagMatcher::startLine() {
+    if (++line_ == 0) { // after 2^32 lines
+        for (Node& node : nodes_)
+            node.seenIn = 0;
+        line_ = 1;
+    }
+}
+
+} // namespace brindlewick

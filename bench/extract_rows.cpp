@@ -1,0 +1,224 @@
+// Runs the real extraction on files without a window and prints the rows, or how fast they came.
+//
+//     extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- FILE...
+
+#include "extract/extraction_run.h"
+#include "platform/error_report.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "platform/native_path.h"
+#include "platform/text_encoding.h"
+#include "platform/user_interface.h"
+
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <sys/resource.h>
+#endif
+
+namespace {
+
+using namespace brindlewick;
+
+constexpr int wrongArguments = 2;
+
+constexpr const char* usage =
+    "usage: extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- FILE...\n"
+    "  --mode N            0 no mode, 1 value and tag, 2 value without tag, 3 entire line, 4 all\n"
+    "  --include-filename  rows carry the file's path\n"
+    "  --tag TEXT          a tag to look for\n"
+    "  --tags-file FILE    UTF-8, one tag a line (LF or CR LF); the last line's end adds no tag\n"
+    "  --count             print figures instead of rows\n";
+
+struct Arguments {
+    std::optional<ExtractionMode> mode;
+    bool includeFilename = false;
+    bool countOnly = false;
+    std::vector<std::u16string> tags;
+    std::vector<std::u16string> files;
+};
+
+/// A user who answers nothing: failures go to standard error, one line each.
+class UnattendedUser : public UserInterface {
+public:
+    void showMessage(std::u16string_view) override {}
+    void showApplicationError(std::u16string_view text) override {
+        std::string line;
+        for (const char unit : toUtf8(text)) {
+            const bool isBreak = unit == '\r' || unit == '\n';
+            if (!isBreak)
+                line.push_back(unit);
+            else if (!line.empty() && line.back() != ' ')
+                line.push_back(' ');
+        }
+        std::fprintf(stderr, "%s\n", line.c_str());
+    }
+    bool askYesNo(std::u16string_view) override { return false; }
+    std::u16string askText(std::u16string_view, std::u16string_view) override { return {}; }
+    std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
+    std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
+    std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }
+    void setPointer(PointerShape shape) override { pointer_ = shape; }
+    PointerShape pointer() const override { return pointer_; }
+    void yield() override {}
+    void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
+    void endProgress(std::u16string_view) override {}
+    void setClipboardText(std::u16string_view) override {}
+    void openFolder(std::u16string_view) override {}
+
+private:
+    PointerShape pointer_ = PointerShape::standard;
+};
+
+/// Settings that last as long as the process.
+class ForgetfulSettings : public SettingsStore {
+public:
+    std::u16string GetSetting(std::u16string_view, std::u16string_view defaultText) const override {
+        return std::u16string(defaultText);
+    }
+    void SaveSetting(std::u16string_view, std::u16string_view) override {}
+};
+
+bool appendTagsFile(const char* path, std::vector<std::u16string>& tags) {
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes(std::istreambuf_iterator<char>(file), {});
+    if (!file.is_open())
+        return false;
+    std::string_view rest = bytes;
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        std::string_view line = rest.substr(0, end);
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        tags.push_back(textFromPathBytes(line));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return true;
+}
+
+std::optional<Arguments> readArguments(std::span<char*> words) {
+    Arguments arguments;
+    std::size_t at = 0;
+    const auto value = [&]() -> const char* { return at + 1 < words.size() ? words[++at] : nullptr; };
+    for (; at < words.size(); ++at) {
+        const std::string_view word = words[at];
+        if (word == "--mode") {
+            const char* const digit = value();
+            if (digit == nullptr || digit[0] < '0' || digit[0] > '4' || digit[1] != '\0')
+                return std::nullopt;
+            arguments.mode = static_cast<ExtractionMode>(digit[0] - '0');
+        } else if (word == "--include-filename") {
+            arguments.includeFilename = true;
+        } else if (word == "--count") {
+            arguments.countOnly = true;
+        } else if (word == "--tag") {
+            const char* const tag = value();
+            if (tag == nullptr)
+                return std::nullopt;
+            arguments.tags.push_back(textFromPathBytes(tag));
+        } else if (word == "--tags-file") {
+            const char* const path = value();
+            if (path == nullptr || !appendTagsFile(path, arguments.tags))
+                return std::nullopt;
+        } else if (word == "--") {
+            for (++at; at < words.size(); ++at)
+                arguments.files.push_back(textFromPathBytes(words[at]));
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (!arguments.mode || arguments.files.empty())
+        return std::nullopt;
+    return arguments;
+}
+
+/// A JSON string in ASCII, one escape for every other code unit.
+void appendJsonString(std::u16string_view text, std::string& line) {
+    static constexpr std::string_view hexadecimal = "0123456789abcdef";
+    line.push_back('"');
+    for (const char16_t unit : text) {
+        if (unit == u'"' || unit == u'\\') {
+            line.push_back('\\');
+            line.push_back(static_cast<char>(unit));
+        } else if (unit >= 32 && unit < 127) {
+            line.push_back(static_cast<char>(unit));
+        } else {
+            line.append("\\u");
+            for (int shift = 12; shift >= 0; shift -= 4)
+                line.push_back(hexadecimal[(unit >> shift) & 15]);
+        }
+    }
+    line.push_back('"');
+}
+
+void printRows(const ResultsTable& table) {
+    std::string line;
+    for (std::size_t row = 0; row < table.rowCount(); ++row) {
+        line = "[";
+        for (std::size_t column = 0; column < table.columns().size(); ++column) {
+            if (column > 0)
+                line.push_back(',');
+            appendJsonString(table.cell(row, column), line);
+        }
+        line.append("]\n");
+        std::fwrite(line.data(), 1, line.size(), stdout);
+    }
+}
+
+std::uint64_t inputBytes(const std::vector<std::u16string>& files) {
+    std::uint64_t bytes = 0;
+    for (const std::u16string& file : files)
+        if (FileExistsByOpen(file))
+            bytes += fileLength(file);
+    return bytes;
+}
+
+/// 0 where the operating system does not tell.
+std::uint64_t peakResidentBytes() {
+#if defined(__unix__) || defined(__APPLE__)
+    rusage figures{};
+    getrusage(RUSAGE_SELF, &figures);
+    return static_cast<std::uint64_t>(figures.ru_maxrss) * 1024; // Linux counts in KiB
+#else
+    return 0;
+#endif
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    const std::optional<Arguments> arguments = readArguments(std::span(words, static_cast<std::size_t>(count)).subspan(1));
+    if (!arguments) {
+        std::fputs(usage, stderr);
+        return wrongArguments;
+    }
+    UnattendedUser user;
+    ForgetfulSettings settings;
+    ExtractionOptions options(settings);
+    options.chooseMode(*arguments->mode);
+    options.setIncludeFilename(arguments->includeFilename);
+    ResultsTable table;
+    ExtractionRun run(user, options, arguments->files, arguments->tags, table);
+
+    const auto start = std::chrono::steady_clock::now();
+    run.PushButton7_Click();
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+
+    if (!arguments->countOnly) {
+        printRows(table);
+        return 0;
+    }
+    const std::uint64_t bytes = inputBytes(arguments->files);
+    std::printf("%zu rows, %llu bytes, %.6f seconds, %.1f MB/s, %llu bytes peak resident\n", table.rowCount(),
+                static_cast<unsigned long long>(bytes), seconds, static_cast<double>(bytes) / 1e6 / seconds,
+                static_cast<unsigned long long>(peakResidentBytes()));
+    return 0;
+}

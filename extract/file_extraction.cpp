@@ -1,0 +1,137 @@
+#include "extract/file_extraction.h"
+
+#include "core/json_parser.h"
+#include "core/json_serialiser.h"
+#include "core/text_file_reader.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+
+#include <optional>
+#include <utility>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr unsigned fragmentsBetweenYields = 64;
+
+std::u16string_view withoutOuterBlanks(std::u16string_view text) {
+    const std::size_t first = text.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+} // namespace
+
+FileExtraction::FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
+                               const std::vector<std::u16string>& tags, ResultsTable& table,
+                               std::function<void()> afterSome)
+    : user_(user), guard_(guard), options_(options), tags_(tags), table_(table), afterSome_(std::move(afterSome)),
+      matcher_(tags) {}
+
+void FileExtraction::extractFile(const std::u16string& path) {
+    const std::size_t rowsBefore = table_.rowCount();
+    std::optional<TextFileReader> reader;
+    std::u16string piece;
+    bool hasPiece = false;
+    bool isReadable = guard_([&] {
+        if (fileLength(path) == 0)
+            return;
+        reader.emplace(path);
+        hasPiece = reader->next(piece);
+        table_.beginFile(path);
+    });
+    walker_.clearTexts();
+    while (isReadable && hasPiece) {
+        extractPiece(piece);
+        isReadable = guard_([&] { hasPiece = reader->next(piece); });
+    }
+    if (!isReadable) {
+        table_.truncateRows(rowsBefore);
+        return;
+    }
+    if (reader && options_.mode() == ExtractionMode::all) {
+        mode_ = ExtractionMode::all;
+        guard_([&] { addRows(walker_.keyText(), 1); });
+        guard_([&] { addRows(walker_.valueText(), 1); });
+    }
+}
+
+void FileExtraction::extractPiece(std::u16string_view piece) {
+    user_.yield();
+    mode_ = options_.mode();
+    // Mode 4 gathers anew in every piece, so a file of several pieces ends with what its last one held.
+    if (mode_ == ExtractionMode::all)
+        walker_.clearTexts();
+
+    JsonParser parser;
+    std::int32_t position = 1;
+    unsigned fragments = 0;
+    for (bool isFragment = true; isFragment;) {
+        std::optional<JsonValue> fragment;
+        guard_([&] { fragment = parser.parse(piece, position); });
+        isFragment = fragment.has_value();
+        if (isFragment)
+            guard_([&] { extractFragment(serialize(*fragment)); });
+        if (++fragments % fragmentsBetweenYields == 0)
+            afterSome_();
+    }
+}
+
+void FileExtraction::extractFragment(std::u16string_view line) {
+    if (mode_ == ExtractionMode::all) {
+        readFirstTag();
+        walker_.walk(line);
+    } else if (const std::size_t matches = matcher_.countMatches(line); matches > 0) {
+        extractMatch(line, matches);
+    }
+}
+
+void FileExtraction::extractMatch(std::u16string_view line, std::size_t matches) {
+    if (mode_ == ExtractionMode::entireLine) {
+        addRows(withoutOuterBlanks(line), matches);
+        return;
+    }
+    // The row is the same for every matching tag, but for the fragment that holds the run's first array: only the
+    // first tag's pass begins before that array was seen.
+    const bool arraySeenBefore = walker_.arraySeen();
+    walkToRow(line);
+    const bool isFirstArray = !arraySeenBefore && walker_.arraySeen();
+    addRows(row_, isFirstArray ? 1 : matches);
+    if (isFirstArray && matches > 1) {
+        walkToRow(line);
+        addRows(row_, matches - 1);
+    }
+}
+
+/// Leaves the row's text in row_; empty for a fragment without a value text, which makes no row.
+void FileExtraction::walkToRow(std::u16string_view line) {
+    walker_.clearTexts();
+    walker_.walk(line);
+    row_.clear();
+    if (walker_.valueText().empty())
+        return;
+    if (mode_ == ExtractionMode::valueAndTag)
+        row_.append(walker_.keyText()).append(u":");
+    row_.append(walker_.valueText());
+}
+
+/// One row for each of `count` tags; an empty text makes none, outside mode 4.
+void FileExtraction::addRows(std::u16string_view text, std::size_t count) {
+    if (text.empty() && mode_ != ExtractionMode::all)
+        return;
+    const ResultsTable::Text stored = table_.store(text);
+    const bool withFilename = options_.includeFilename();
+    for (; count > 0; --count)
+        table_.appendRow(stored, withFilename);
+}
+
+/// Mode 4 needs no tag, but asks for the first one all the same; without any, that is a failure. It is told once.
+void FileExtraction::readFirstTag() {
+    if (!tags_.empty() || std::exchange(missingTagReported_, true))
+        return;
+    guard_([] { throw Failure(FailureNumber::subscriptOutOfRange); });
+}
+
+} // namespace brindlewick

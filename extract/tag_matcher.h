@@ -1,0 +1,53 @@
+// Counts how many of a list of tags a line contains, without regard to letter case, in one pass over the line.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace brindlewick {
+
+/// A multi-pattern automaton after Aho and Corasick over folded code units. Building it is linear in the tags' length,
+/// counting linear in the line's, however many tags there are and however they nest.
+class TagMatcher {
+public:
+    explicit TagMatcher(std::span<const std::u16string> tags);
+
+    /// How many of the tags the line contains; equal tags count each. An empty tag is contained in every line.
+    std::size_t countMatches(std::u16string_view line);
+
+private:
+    using State = std::uint32_t;
+    static constexpr State root = 0;
+
+    /// What is known of a state besides its transitions.
+    struct Node {
+        State failure = root;   ///< the longest proper suffix that is a state too
+        State outputs = root;   ///< the nearest state on the failure chain that ends a tag; root for none
+        std::uint32_t tags = 0; ///< how many tags end here
+        std::uint32_t seenIn = 0; ///< the number of the line in which this state was counted last
+    };
+
+    void addTag(std::u16string_view tag);
+    void linkFailures();
+    void buildTable();
+    State childOf(State state, std::uint32_t unitClass) const;
+    State nextSparse(State state, std::uint32_t unitClass) const;
+    std::size_t countOutputs(State state);
+    void startLine();
+
+    std::vector<std::uint16_t> classOfUnit_; ///< by code unit: 0 for one that no tag holds, equal for units that fold alike
+    std::uint32_t classCount_ = 1;
+    std::unordered_map<std::uint64_t, State> edges_; ///< by state * 65536 + class
+    std::vector<Node> nodes_;
+    std::vector<State> table_; ///< next states, state by state; empty when it would be too large
+    std::size_t emptyTags_ = 0;
+    std::size_t otherTags_ = 0;
+    std::uint32_t line_ = 0;
+};
+
+} // namespace brindlewick
