@@ -162,7 +162,7 @@ void appendJsonString(std::u16string_view text, std::string& line) {
 void printRows(const ResultsTable& table) {
     std::string line;
     for (std::size_t row = 0; row < table.rowCount(); ++row) {
-        line = "[";
+        line.assign(1, '[');
         for (std::size_t column = 0; column < table.columns().size(); ++column) {
             if (column > 0)
                 line.push_back(',');

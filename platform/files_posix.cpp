@@ -1,0 +1,176 @@
+#include "platform/files.h"
+
+#include "platform/letter_case.h"
+#include "platform/native_path.h"
+#include "platform/system_failure.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <memory>
+#include <utility>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace brindlewick {
+
+namespace {
+
+/// The path as the system calls take it; a NUL inside would cut it short and name another file.
+std::filesystem::path checkedPath(std::u16string_view path) {
+    if (path.find(u'\0') != std::u16string_view::npos)
+        throw Failure(FailureNumber::fileNotFound);
+    return nativePath(path);
+}
+
+/// Follows links; false, with errno set, when the path cannot be looked at.
+bool look(const std::filesystem::path& path, struct stat& status) { return ::stat(path.c_str(), &status) == 0; }
+
+bool isLink(const std::filesystem::path& path) {
+    struct stat status{};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
+unsigned attributesOf(const std::filesystem::path& path, const struct stat& status) {
+    if (S_ISDIR(status.st_mode) && isLink(path))
+        return attribute::linkedFolder;
+    unsigned attributes = S_ISDIR(status.st_mode) ? attribute::folder : attribute::file;
+    const std::string& text = path.native();
+    const std::size_t name = text.find_last_of('/') + 1; // 0 without a separator
+    if (name < text.size() && text[name] == '.')
+        attributes |= attribute::hidden;
+    if ((status.st_mode & S_IWUSR) == 0)
+        attributes |= attribute::readOnly;
+    return attributes;
+}
+
+struct CloseFolder {
+    void operator()(DIR* folder) const { ::closedir(folder); }
+};
+
+} // namespace
+
+std::uint64_t fileLength(std::u16string_view path) {
+    const std::filesystem::path native = checkedPath(path);
+    struct stat status{};
+    if (!look(native, status))
+        throwSystemFailure(errno, native);
+    return static_cast<std::uint64_t>(status.st_size);
+}
+
+bool FileExists(std::u16string_view path) noexcept { return fileStatus(path).exists; }
+
+bool FileExistsByOpen(std::u16string_view path) noexcept {
+    const FileStatus status = fileStatus(path);
+    return status.exists && (status.attributes & attribute::folder) == 0;
+}
+
+bool IsFolder(std::u16string_view path) noexcept { return (fileStatus(path).attributes & attribute::folder) != 0; }
+
+unsigned fileAttributes(std::u16string_view path) {
+    const std::filesystem::path native = checkedPath(path);
+    struct stat status{};
+    if (!look(native, status))
+        throwSystemFailure(errno, native);
+    return attributesOf(native, status);
+}
+
+FileStatus fileStatus(std::u16string_view path) noexcept {
+    try {
+        const std::filesystem::path native = checkedPath(path);
+        struct stat status{};
+        if (!look(native, status))
+            return {};
+        return {true, attributesOf(native, status)};
+    } catch (...) {
+        return {};
+    }
+}
+
+std::vector<FolderEntry> listFolder(std::u16string_view folder) {
+    const std::filesystem::path native = checkedPath(folder);
+    const std::unique_ptr<DIR, CloseFolder> listing(::opendir(native.c_str()));
+    if (listing == nullptr) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            throw Failure(FailureNumber::pathNotFound);
+        throwSystemFailure(errno, native);
+    }
+    struct Named {
+        std::u16string folded;
+        FolderEntry entry;
+    };
+    std::vector<Named> named;
+    while (const dirent* const found = ::readdir(listing.get())) {
+        const std::string_view name = found->d_name;
+        if (name == "." || name == "..")
+            continue;
+        FolderEntry entry{textFromPathBytes(name), found->d_type == DT_DIR, found->d_type == DT_LNK};
+        if (found->d_type == DT_LNK || found->d_type == DT_UNKNOWN) {
+            struct stat status{};
+            if (::fstatat(::dirfd(listing.get()), found->d_name, &status, 0) == 0)
+                entry.isFolder = S_ISDIR(status.st_mode);
+            if (found->d_type == DT_UNKNOWN &&
+                ::fstatat(::dirfd(listing.get()), found->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0)
+                entry.isSymbolicLink = S_ISLNK(status.st_mode);
+        }
+        std::u16string folded = foldedCase(entry.name);
+        named.push_back({std::move(folded), std::move(entry)});
+    }
+    std::sort(named.begin(), named.end(), [](const Named& left, const Named& right) {
+        const int order = left.folded.compare(right.folded);
+        return order != 0 ? order < 0 : left.entry.name < right.entry.name;
+    });
+    std::vector<FolderEntry> entries;
+    entries.reserve(named.size());
+    for (Named& one : named)
+        entries.push_back(std::move(one.entry));
+    return entries;
+}
+
+std::u16string programFolder() {
+    std::error_code ignored;
+    return pathText(std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path());
+}
+
+InputFile::InputFile(std::u16string_view path) : handle_(-1) {
+    const std::filesystem::path native = checkedPath(path);
+    // Without waiting: opening a pipe that nobody writes to must not hang.
+    const int file = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0)
+        throwSystemFailure(errno, native);
+    struct stat status{};
+    if (::fstat(file, &status) != 0 || S_ISDIR(status.st_mode)) {
+        ::close(file);
+        throw Failure(FailureNumber::permissionDenied);
+    }
+    handle_ = file;
+}
+
+InputFile::~InputFile() { ::close(static_cast<int>(handle_)); }
+
+std::size_t InputFile::read(std::span<char> bytes) {
+    std::size_t count = 0;
+    while (count < bytes.size()) {
+        const ssize_t got = ::read(static_cast<int>(handle_), bytes.data() + count, bytes.size() - count);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            throwSystemFailure(errno);
+        if (got == 0)
+            break;
+        count += static_cast<std::size_t>(got);
+    }
+    return count;
+}
+
+std::uint64_t InputFile::length() const {
+    struct stat status{};
+    if (::fstat(static_cast<int>(handle_), &status) != 0)
+        throwSystemFailure(errno);
+    return static_cast<std::uint64_t>(status.st_size);
+}
+
+} // namespace brindlewick

@@ -1,0 +1,172 @@
+#include "platform/text_encoding.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <vector>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr std::size_t firstSpecial = 0x80; // bytes 80 to 9F are those that are not their own code unit
+constexpr std::array<char16_t, 32> specials = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+
+constexpr std::array<char16_t, 256> makeTable() {
+    std::array<char16_t, 256> table{};
+    for (std::size_t byte = 0; byte < table.size(); ++byte)
+        table[byte] = static_cast<char16_t>(byte);
+    for (std::size_t at = 0; at < specials.size(); ++at)
+        table[firstSpecial + at] = specials[at];
+    return table;
+}
+
+constexpr char16_t replacement = u'\uFFFD';
+constexpr std::uint8_t noByte = 0; // of every unit but U+0000, which is its own byte
+
+/// The byte of every code unit, noByte where there is none.
+const std::vector<std::uint8_t>& byteTable() {
+    static const std::vector<std::uint8_t> table = [] {
+        std::vector<std::uint8_t> bytes(65536, noByte);
+        for (std::size_t byte = 0; byte < 256; ++byte)
+            bytes[windows1252ToUtf16[byte]] = static_cast<std::uint8_t>(byte);
+        return bytes;
+    }();
+    return table;
+}
+
+/// How a UTF-8 sequence goes on after its first byte.
+struct Sequence {
+    std::size_t continuationBytes;
+    unsigned char secondFrom; ///< the second byte's range: it keeps out overlong forms, surrogates and too large values
+    unsigned char secondTo;
+    std::uint32_t firstBits;
+};
+
+bool sequenceOf(unsigned char first, Sequence& sequence) {
+    if (first >= 0xC2 && first <= 0xDF)
+        sequence = {1, 0x80, 0xBF, first & 0x1FU};
+    else if (first >= 0xE0 && first <= 0xEF)
+        sequence = {2, static_cast<unsigned char>(first == 0xE0 ? 0xA0 : 0x80),
+                    static_cast<unsigned char>(first == 0xED ? 0x9F : 0xBF), first & 0x0FU};
+    else if (first >= 0xF0 && first <= 0xF4)
+        sequence = {3, static_cast<unsigned char>(first == 0xF0 ? 0x90 : 0x80),
+                    static_cast<unsigned char>(first == 0xF4 ? 0x8F : 0xBF), first & 0x07U};
+    else
+        return false;
+    return true;
+}
+
+std::size_t asciiRunLength(std::string_view bytes) {
+    std::size_t at = 0;
+    for (; at + sizeof(std::uint64_t) <= bytes.size(); at += sizeof(std::uint64_t)) {
+        std::uint64_t word;
+        std::memcpy(&word, bytes.data() + at, sizeof word);
+        if ((word & 0x8080808080808080U) != 0)
+            break;
+    }
+    while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80)
+        ++at;
+    return at;
+}
+
+/// Decodes one character or one maximal ill-formed subpart; gives its length in bytes.
+std::size_t appendOne(std::string_view bytes, std::u16string& text) {
+    Sequence sequence{};
+    if (!sequenceOf(static_cast<unsigned char>(bytes[0]), sequence)) {
+        text.push_back(replacement);
+        return 1;
+    }
+    std::uint32_t codePoint = sequence.firstBits;
+    for (std::size_t at = 1; at <= sequence.continuationBytes; ++at) {
+        const unsigned char from = at == 1 ? sequence.secondFrom : 0x80;
+        const unsigned char to = at == 1 ? sequence.secondTo : 0xBF;
+        const auto byte = at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0;
+        if (byte < from || byte > to) {
+            text.push_back(replacement);
+            return at;
+        }
+        codePoint = (codePoint << 6) | (byte & 0x3FU);
+    }
+    if (codePoint >= 0x10000) {
+        text.push_back(static_cast<char16_t>(0xD7C0 + (codePoint >> 10)));
+        text.push_back(static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF)));
+    } else {
+        text.push_back(static_cast<char16_t>(codePoint));
+    }
+    return sequence.continuationBytes + 1;
+}
+
+} // namespace
+
+const std::array<char16_t, 256> windows1252ToUtf16 = makeTable();
+
+void appendFromSingleByte(std::string_view bytes, std::u16string& text) {
+    const std::size_t start = text.size();
+    text.resize(start + bytes.size());
+    std::transform(bytes.begin(), bytes.end(), text.begin() + static_cast<std::ptrdiff_t>(start),
+                   [](char byte) { return windows1252ToUtf16[static_cast<unsigned char>(byte)]; });
+}
+
+void appendAsSingleByte(std::u16string_view text, std::string& bytes) {
+    const std::size_t start = bytes.size();
+    bytes.resize(start + text.size());
+    std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(start), singleByteOf);
+}
+
+char singleByteOf(char16_t unit) noexcept { return hasSingleByte(unit) ? static_cast<char>(byteTable()[unit]) : '?'; }
+
+bool hasSingleByte(char16_t unit) noexcept { return unit == 0 || byteTable()[unit] != noByte; }
+
+void appendFromUtf8(std::string_view bytes, std::u16string& text) {
+    while (!bytes.empty()) {
+        const std::size_t ascii = asciiRunLength(bytes);
+        text.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(ascii));
+        bytes.remove_prefix(ascii);
+        while (!bytes.empty() && static_cast<unsigned char>(bytes[0]) >= 0x80)
+            bytes.remove_prefix(appendOne(bytes, text));
+    }
+}
+
+std::string toUtf8(std::u16string_view text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    const auto put = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        std::uint32_t codePoint = text[at];
+        const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+        if (isSurrogate && codePoint < 0xDC00 && at + 1 < text.size() && text[at + 1] >= 0xDC00 &&
+            text[at + 1] <= 0xDFFF)
+            codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (text[++at] - 0xDC00U);
+        else if (isSurrogate)
+            codePoint = replacement;
+        if (codePoint < 0x80) {
+            put(codePoint);
+        } else if (codePoint < 0x800) {
+            put(0xC0 | (codePoint >> 6));
+            put(0x80 | (codePoint & 0x3F));
+        } else {
+            if (codePoint >= 0x10000) {
+                put(0xF0 | (codePoint >> 18));
+                put(0x80 | ((codePoint >> 12) & 0x3F));
+            } else {
+                put(0xE0 | (codePoint >> 12));
+            }
+            put(0x80 | ((codePoint >> 6) & 0x3F));
+            put(0x80 | (codePoint & 0x3F));
+        }
+    }
+    return bytes;
+}
+
+std::u16string fromUtf8(std::string_view bytes) {
+    std::u16string text;
+    appendFromUtf8(bytes, text);
+    return text;
+}
+
+} // namespace brindlewick
