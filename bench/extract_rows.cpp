@@ -31,7 +31,8 @@ using namespace brindlewick;
 constexpr int wrongArguments = 2;
 
 constexpr const char* usage =
-    "usage: extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- FILE...\n"
+    "usage: extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- "
+    "FILE...\n"
     "  --mode N            0 no mode, 1 value and tag, 2 value without tag, 3 entire line, 4 all\n"
     "  --include-filename  rows carry the file's path\n"
     "  --tag TEXT          a tag to look for\n"
@@ -195,7 +196,8 @@ std::uint64_t peakResidentBytes() {
 } // namespace
 
 int main(int count, char** words) {
-    const std::optional<Arguments> arguments = readArguments(std::span(words, static_cast<std::size_t>(count)).subspan(1));
+    const std::optional<Arguments> arguments =
+        readArguments(std::span(words, static_cast<std::size_t>(count)).subspan(1));
     if (!arguments) {
         std::fputs(usage, stderr);
         return wrongArguments;

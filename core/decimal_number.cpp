@@ -15,7 +15,9 @@ constexpr int mostDigits = 29; // of a 96-bit magnitude
 // An exponent beyond this decides by its sign alone: no text is long enough to make up for it.
 constexpr std::int64_t largestExponent = std::int64_t{1} << 40;
 
-bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
+bool isDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
 
 /// The significant digits of a number's text: the decimal point, if any, is passed over.
 class Digits {
@@ -121,7 +123,9 @@ DecimalNumber decimalOf(Wide magnitude, std::int64_t scale, bool negative) {
     return number;
 }
 
-Wide magnitudeOf(const DecimalNumber& number) { return (Wide{number.high} << 64) | number.low; }
+Wide magnitudeOf(const DecimalNumber& number) {
+    return (Wide{number.high} << 64) | number.low;
+}
 
 } // namespace
 
@@ -137,8 +141,8 @@ DecimalReading readDecimal(std::u16string_view text) {
         ++first;
 
     const std::int64_t fractionDigits = digits.length() - static_cast<std::int64_t>(point);
-    const std::int64_t scale = std::clamp<std::int64_t>(fractionDigits - parts->exponent, -largestExponent,
-                                                        largestExponent);
+    const std::int64_t scale =
+        std::clamp<std::int64_t>(fractionDigits - parts->exponent, -largestExponent, largestExponent);
     const std::int64_t largestScale = std::clamp<std::int64_t>(scale, 0, largestDecimalScale);
     if (first == digits.length())
         return {decimalOf(0, largestScale, false), std::nullopt};

@@ -54,8 +54,8 @@ std::optional<JsonValue> JsonParser::parse(std::u16string_view text, std::int32_
     return fragment;
 }
 
-/// Passes over blanks, line ends, parentheses and comments. A lone "/" or "*" outside a comment counts as a blank,
-/// and units between a "*" and a later "/" do not keep the two from closing a block comment.
+/// Passes over blanks, line ends, parentheses and comments. A lone "/" or "*" outside a comment counts as a
+/// blank, and units between a "*" and a later "/" do not keep the two from closing a block comment.
 void JsonParser::skipIgnorable() {
     bool slashSeen = false;
     bool inComment = false;
@@ -130,8 +130,8 @@ std::shared_ptr<JsonObject> JsonParser::parseObject() {
     }
 }
 
-/// Reads elements up to "]". Unlike an object's, an array's commas are consumed; an object inside is read only up
-/// to its own first comma, and the rest of its text is then read as further elements.
+/// Reads elements up to "]". Unlike an object's, an array's commas are consumed; an object inside is read
+/// only up to its own first comma, and the rest of its text is then read as further elements.
 std::shared_ptr<JsonArray> JsonParser::parseArray() {
     auto array = std::make_shared<JsonArray>();
     skipIgnorable();
@@ -154,8 +154,8 @@ std::shared_ptr<JsonArray> JsonParser::parseArray() {
             note(Problem::Kind::missingBracket);
             return array;
         }
-        // A bad boolean or null is an element of its own but does not move on: read there once more, the array
-        // would never end.
+        // A bad boolean or null is an element of its own but does not move on: read there once more, the
+        // array would never end.
         JsonValue value;
         const bool isStuck = at_ == lastStart && !atEnd();
         lastStart = at_;
@@ -220,7 +220,8 @@ std::u16string JsonParser::parseString() {
     return builder.toString();
 }
 
-/// Reads what follows a backslash. An unknown escape appends nothing: its letter is then read as an ordinary unit.
+/// Reads what follows a backslash. An unknown escape appends nothing: its letter is then read as an ordinary
+/// unit.
 void JsonParser::appendEscape(cStringBuilder& builder) {
     static constexpr std::u16string_view letters = u"\"\\/'bfnrt";
     static constexpr std::u16string_view meanings = u"\"\\/'\b\f\n\r\t";
@@ -283,8 +284,8 @@ JsonValue JsonParser::parseNull() {
     return std::monostate();
 }
 
-/// Reads up to a ":" outside quotes, or to a closing quote that no ":" follows. Blanks and line ends are dropped,
-/// inside quotes too; there are no escapes.
+/// Reads up to a ":" outside quotes, or to a closing quote that no ":" follows. Blanks and line ends are
+/// dropped, inside quotes too; there are no escapes.
 std::u16string JsonParser::parseKey() {
     std::u16string key;
     bool inDouble = false;
@@ -330,7 +331,9 @@ bool JsonParser::fail(FailureNumber failure) {
     return false;
 }
 
-void JsonParser::note(Problem::Kind kind) { problems_.push_back({kind, failure_, position(), 0}); }
+void JsonParser::note(Problem::Kind kind) {
+    problems_.push_back({kind, failure_, position(), 0});
+}
 
 void JsonParser::noteKey(Problem::Kind kind, std::u16string_view key) {
     problemKeys_.emplace_back(key);
@@ -348,8 +351,8 @@ std::u16string JsonParser::parserErrors() const {
 }
 
 void JsonParser::appendLine(const Problem& problem, std::u16string& lines) const {
-    const std::u16string_view rest = text_.substr(std::min<std::size_t>(
-        static_cast<std::size_t>(problem.position - 1), text_.size()));
+    const std::u16string_view rest =
+        text_.substr(std::min<std::size_t>(static_cast<std::size_t>(problem.position - 1), text_.size()));
     const std::u16string_view ending = text_.substr(text_.size() - std::min(text_.size(), quotedLength));
     const auto line = [&](auto... pieces) { (lines.append(pieces), ...); };
     const std::u16string place = decimalText(problem.position);

@@ -23,14 +23,15 @@ class cStringBuilder;
 /// Every call is linear in the text it passes over, memory included, for every text.
 class JsonParser {
 public:
-    /// Reads the next fragment at `position` (1-based, in and out; 1 for a new text) and leaves the position where
-    /// the fragment stopped. Gives a JsonObject or a JsonArray, or nothing when no text is left: the
-    /// last unit of a text is never the start of a fragment. The text must outlive the calls of parserErrors().
+    /// Reads the next fragment at `position` (1-based, in and out; 1 for a new text) and leaves the position
+    /// where the fragment stopped. Gives a JsonObject or a JsonArray, or nothing when no text is left: the
+    /// last unit of a text is never the start of a fragment. The text must outlive the calls of
+    /// parserErrors().
     std::optional<JsonValue> parse(std::u16string_view text, std::int32_t& position);
 
     /// What was wrong in the fragment read last, each problem a line ended by CR LF, or u"Invalid JSON". Put
-    /// together on demand from a few bytes a problem, since a line may quote the whole rest of the text. Fails
-    /// with outOfMemory when it would be longer than `longestText`.
+    /// together on demand from a few bytes a problem, since a line may quote the whole rest of the text.
+    /// Fails with outOfMemory when it would be longer than `longestText`.
     std::u16string parserErrors() const;
 
 private:
@@ -50,11 +51,11 @@ private:
         Kind kind;
         FailureNumber failure = FailureNumber::invalidProcedureCall; ///< of memberFailed and elementFailed
         std::int32_t position = 0;                                   ///< 1-based
-        std::uint32_t key = 0;                                       ///< of invalidKey and memberFailed: index into problemKeys_
+        std::uint32_t key = 0; ///< of invalidKey and memberFailed: index into problemKeys_
     };
 
-    // Each reader starts and ends at at_. Those that can fail give false and say why in failure_: failures are
-    // everyday here, so they are not thrown.
+    // Each reader starts and ends at at_. Those that can fail give false and say why in failure_: failures
+    // are everyday here, so they are not thrown.
     void skipIgnorable();
     std::shared_ptr<JsonObject> parseObject();
     std::shared_ptr<JsonArray> parseArray();

@@ -21,8 +21,12 @@ void appendEscaped(char16_t unit, cStringBuilder& line) {
         const char16_t escape[] = {u'\\', letters[known]};
         line.Append({escape, 2});
     } else {
-        const char16_t escape[] = {u'\\', u'u', hexadecimal[unit >> 12], hexadecimal[(unit >> 8) & 15],
-                                   hexadecimal[(unit >> 4) & 15], hexadecimal[unit & 15]};
+        const char16_t escape[] = {u'\\',
+                                   u'u',
+                                   hexadecimal[unit >> 12],
+                                   hexadecimal[(unit >> 8) & 15],
+                                   hexadecimal[(unit >> 4) & 15],
+                                   hexadecimal[unit & 15]};
         line.Append({escape, 6});
     }
 }
@@ -41,7 +45,8 @@ void appendEncoded(std::u16string_view text, cStringBuilder& line) {
     }
 }
 
-/// Appends a value to a line. Objects and arrays go one inside the other, no deeper than the reader makes them.
+/// Appends a value to a line. Objects and arrays go one inside the other, no deeper than the reader makes
+/// them.
 struct Serialiser {
     cStringBuilder& line;
 
@@ -122,8 +127,8 @@ std::u16string encodeString(std::u16string_view text) {
     return encoded.toString();
 }
 
-std::u16string serializeNativeArray(const NativeArray& array, std::int32_t dimension, std::u16string_view indexText,
-                                    std::u16string& path) {
+std::u16string serializeNativeArray(const NativeArray& array, std::int32_t dimension,
+                                    std::u16string_view indexText, std::u16string& path) {
     cStringBuilder line;
     if (static_cast<std::size_t>(dimension) > array.dimensions.size()) {
         const std::u16string index = withCommasBetween(path + std::u16string(indexText));
@@ -136,7 +141,8 @@ std::u16string serializeNativeArray(const NativeArray& array, std::int32_t dimen
     const NativeArray::Bounds bounds = array.dimensions[static_cast<std::size_t>(dimension - 1)];
     for (std::int32_t index = bounds.lower; index <= bounds.upper; ++index) {
         const std::string digits = std::to_string(index);
-        line.Append(serializeNativeArray(array, dimension + 1, std::u16string(digits.begin(), digits.end()), path));
+        line.Append(
+            serializeNativeArray(array, dimension + 1, std::u16string(digits.begin(), digits.end()), path));
         if (index < bounds.upper)
             line.Append(u",");
     }

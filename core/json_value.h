@@ -50,7 +50,8 @@ private:
     void growIndex();
 
     std::vector<Member> members_;
-    /// Open-addressed index of members_ by key: member number plus 1, or 0. Empty while there are few members.
+    /// Open-addressed index of members_ by key: member number plus 1, or 0. Empty while there are few
+    /// members.
     std::vector<std::uint32_t> index_;
 };
 

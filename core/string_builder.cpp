@@ -19,7 +19,9 @@ std::int32_t checkedCount(std::int64_t count) {
     return static_cast<std::int32_t>(count);
 }
 
-std::int64_t byteLength(std::u16string_view text) { return static_cast<std::int64_t>(text.size()) * 2; }
+std::int64_t byteLength(std::u16string_view text) {
+    return static_cast<std::int64_t>(text.size()) * 2;
+}
 
 /// The 1-based position of `wanted` in `text` from the 1-based `start`; 0 when it is not there or the start
 /// lies beyond the end.
@@ -98,7 +100,8 @@ std::int32_t cStringBuilder::Find(std::u16string_view sToFind, std::int32_t lSta
     std::u16string wanted;
     std::int64_t start = lStartIndex;
     if (lStartIndex >= 1) {
-        // A hit has to begin inside the content, so no more of the tail can matter than the wanted text is long.
+        // A hit has to begin inside the content, so no more of the tail can matter than the wanted text is
+        // long.
         const auto tail = static_cast<std::size_t>(Capacity() - Length());
         text = content_ + std::u16string(std::min(tail, sToFind.size()), u' ');
         wanted = sToFind;

@@ -9,9 +9,10 @@ namespace brindlewick {
 
 enum class TextComparison : std::int32_t { binary = 0, text = 1 };
 
-/// Counts are held in bytes, two to a UTF-16 code unit, in signed 32-bit numbers; a count that would leave them
-/// fails with overflow. No failing operation changes anything. The chunk-wise capacity is what Capacity() reports
-/// and what Find() sees as blanks; the memory behind the tail is not filled until somebody looks.
+/// Counts are held in bytes, two to a UTF-16 code unit, in signed 32-bit numbers; a count that would leave
+/// them fails with overflow. No failing operation changes anything. The chunk-wise capacity is what
+/// Capacity() reports and what Find() sees as blanks; the memory behind the tail is not filled until somebody
+/// looks.
 class cStringBuilder {
 public:
     /// The content's length in code units.
@@ -46,8 +47,8 @@ public:
 
     /// From start 1 on: the 1-based position at which the whole buffer, blank tail included, first holds the
     /// text, if that lies before the last used code unit; otherwise 0.
-    /// Below 1 the arguments are crossed, and callers may count on it: the buffer's text is taken as the start
-    /// position and the decimal number of `compare` is searched for inside `sToFind`. That fails with
+    /// Below 1 the arguments are crossed, and callers may count on it: the buffer's text is taken as the
+    /// start position and the decimal number of `compare` is searched for inside `sToFind`. That fails with
     /// typeMismatch unless the buffer holds a number, with invalidProcedureCall for a number below 1.
     std::int32_t Find(std::u16string_view sToFind, std::int32_t lStartIndex = 1,
                       TextComparison compare = TextComparison::text) const;

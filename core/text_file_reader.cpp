@@ -16,7 +16,8 @@ constexpr std::string_view utf8Mark = "\xEF\xBB\xBF"sv;
 constexpr std::string_view utf16LittleEndianMark = "\xFF\xFE"sv;
 constexpr std::size_t bufferLength = pieceLength * 2; // bytes: the units of a UTF-16 piece
 
-/// How many of the bytes can be decoded before the next ones are known: all but a character cut short at the end.
+/// How many of the bytes can be decoded before the next ones are known: all but a character cut short at the
+/// end.
 std::size_t completeUtf8Length(std::string_view bytes) {
     const std::size_t farthest = std::min<std::size_t>(bytes.size(), 3);
     for (std::size_t back = 1; back <= farthest; ++back) {
@@ -80,7 +81,8 @@ bool TextFileReader::next(std::u16string& piece) {
 
 void TextFileReader::ReadUtf8Stream(std::u16string& text) {
     // No character has more code units than bytes, so the text never has to move while it grows.
-    text.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(file_.length(), longestText + bufferLength)));
+    text.reserve(
+        static_cast<std::size_t>(std::min<std::uint64_t>(file_.length(), longestText + bufferLength)));
     for (;;) {
         fillBuffer();
         const std::size_t complete = atEnd_ ? buffer_.size() : completeUtf8Length(buffer_);

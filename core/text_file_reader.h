@@ -24,10 +24,10 @@ inline constexpr std::size_t pieceLength = 65536;
 
 /// Gives a file's text piece by piece, holding no more than one.
 ///
-/// With a UTF-8 mark the whole text (without the mark) is one piece. With a UTF-16 or UTF-32 mark the bytes are
-/// taken as UTF-16 little-endian, wrong as that is for the other three; a leading FF FE and an odd last byte are
-/// dropped. Anything else is single-byte text. The latter two come in pieces of pieceLength code units, cut
-/// without regard to what is in them. An empty text is one empty piece.
+/// With a UTF-8 mark the whole text (without the mark) is one piece. With a UTF-16 or UTF-32 mark the bytes
+/// are taken as UTF-16 little-endian, wrong as that is for the other three; a leading FF FE and an odd last
+/// byte are dropped. Anything else is single-byte text. The latter two come in pieces of pieceLength code
+/// units, cut without regard to what is in them. An empty text is one empty piece.
 class TextFileReader {
 public:
     /// Opens the file and looks at its mark. Fails as files.h says.

@@ -59,8 +59,10 @@ std::int32_t flagFromSetting(std::u16string_view stored) {
     const std::size_t first = stored.find_first_not_of(u' ');
     if (first == std::u16string_view::npos)
         throw Failure(FailureNumber::typeMismatch);
-    const std::int32_t number = decimalAsInteger(stored.substr(first, stored.find_last_not_of(u' ') - first + 1));
-    if (number < std::numeric_limits<std::int16_t>::min() || number > std::numeric_limits<std::int16_t>::max())
+    const std::int32_t number =
+        decimalAsInteger(stored.substr(first, stored.find_last_not_of(u' ') - first + 1));
+    if (number < std::numeric_limits<std::int16_t>::min() ||
+        number > std::numeric_limits<std::int16_t>::max())
         throw Failure(FailureNumber::overflow);
     return number;
 }
@@ -77,8 +79,9 @@ std::u16string explainModes(const std::array<std::u16string, 4>& captions) {
         text.append(captions[mode]).append(explanations[mode]).append(u"\r\n\r\n");
     return text.append(u"If you need more extraction features please email ")
         .append(supportAddress)
-        .append(u" and I will add them if you give an example of what you have (before) and what you want for "
-                u"results (after).");
+        .append(
+            u" and I will add them if you give an example of what you have (before) and what you want for "
+            u"results (after).");
 }
 
 } // namespace brindlewick

@@ -26,9 +26,11 @@ public:
     ExtractionMode mode() const noexcept { return mode_; }
     bool includeFilename() const noexcept { return includeFilename_; }
 
-    /// Takes the mode over and stores its number under "Option" at once. The mode holds even when storing fails.
+    /// Takes the mode over and stores its number under "Option" at once. The mode holds even when storing
+    /// fails.
     void chooseMode(ExtractionMode mode);
-    /// Takes the flag over and stores "0" or "1" under "Check1" at once. The flag holds even when storing fails.
+    /// Takes the flag over and stores "0" or "1" under "Check1" at once. The flag holds even when storing
+    /// fails.
     void setIncludeFilename(bool include);
 
 private:
@@ -37,8 +39,8 @@ private:
     bool includeFilename_ = false;
 };
 
-/// The mode that a stored "Option" names: blanks are passed over and leading digits count, so u"2abc" is mode 2;
-/// text without a leading number, and any number but 1 to 4, is none.
+/// The mode that a stored "Option" names: blanks are passed over and leading digits count, so u"2abc" is mode
+/// 2; text without a leading number, and any number but 1 to 4, is none.
 ExtractionMode modeFromSetting(std::u16string_view stored);
 /// The number of a stored "Check1" or "ShowAgain", strictly: text that is no whole number fails with
 /// typeMismatch, one beyond 16 bits with overflow.

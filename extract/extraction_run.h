@@ -15,12 +15,14 @@ class ExtractionRun {
 public:
     /// The lists, the options and the table are referred to, not copied: the run reads them as they stand at
     /// the moment it needs them. Tags are read once, when a run starts.
-    ExtractionRun(UserInterface& user, const ExtractionOptions& options, const std::vector<std::u16string>& inputPaths,
-                  const std::vector<std::u16string>& tags, ResultsTable& table) noexcept
+    ExtractionRun(UserInterface& user, const ExtractionOptions& options,
+                  const std::vector<std::u16string>& inputPaths, const std::vector<std::u16string>& tags,
+                  ResultsTable& table) noexcept
         : user_(user), options_(options), inputPaths_(inputPaths), tags_(tags), table_(table) {}
 
-    /// "Start Extracting". Fills the table from empty; every failure is reported and the run goes on. Time and
-    /// memory are linear in the files' bytes and the rows' text; no more than one piece of one file is held.
+    /// "Start Extracting". Fills the table from empty; every failure is reported and the run goes on. Time
+    /// and memory are linear in the files' bytes and the rows' text; no more than one piece of one file is
+    /// held.
     void PushButton7_Click();
 
 private:

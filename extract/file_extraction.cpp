@@ -27,8 +27,8 @@ std::u16string_view withoutOuterBlanks(std::u16string_view text) {
 FileExtraction::FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
                                const std::vector<std::u16string>& tags, ResultsTable& table,
                                std::function<void()> afterSome)
-    : user_(user), guard_(guard), options_(options), tags_(tags), table_(table), afterSome_(std::move(afterSome)),
-      matcher_(tags) {}
+    : user_(user), guard_(guard), options_(options), tags_(tags), table_(table),
+      afterSome_(std::move(afterSome)), matcher_(tags) {}
 
 void FileExtraction::extractFile(const std::u16string& path) {
     const std::size_t rowsBefore = table_.rowCount();
@@ -93,8 +93,8 @@ void FileExtraction::extractMatch(std::u16string_view line, std::size_t matches)
         addRows(withoutOuterBlanks(line), matches);
         return;
     }
-    // The row is the same for every matching tag, but for the fragment that holds the run's first array: only the
-    // first tag's pass begins before that array was seen.
+    // The row is the same for every matching tag, but for the fragment that holds the run's first array: only
+    // the first tag's pass begins before that array was seen.
     const bool arraySeenBefore = walker_.arraySeen();
     walkToRow(line);
     const bool isFirstArray = !arraySeenBefore && walker_.arraySeen();
@@ -127,7 +127,8 @@ void FileExtraction::addRows(std::u16string_view text, std::size_t count) {
         table_.appendRow(stored, withFilename);
 }
 
-/// Mode 4 needs no tag, but asks for the first one all the same; without any, that is a failure. It is told once.
+/// Mode 4 needs no tag, but asks for the first one all the same; without any, that is a failure. It is told
+/// once.
 void FileExtraction::readFirstTag() {
     if (!tags_.empty() || std::exchange(missingTagReported_, true))
         return;

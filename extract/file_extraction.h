@@ -16,15 +16,17 @@
 
 namespace brindlewick {
 
-/// Lives as long as a run, because what it has seen in one file steers what it makes of the next (see FragmentWalker).
+/// Lives as long as a run, because what it has seen in one file steers what it makes of the next (see
+/// FragmentWalker).
 class FileExtraction {
 public:
     /// `afterSome` is called now and then during long pieces, so that the window stays alive.
     FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
-                   const std::vector<std::u16string>& tags, ResultsTable& table, std::function<void()> afterSome);
+                   const std::vector<std::u16string>& tags, ResultsTable& table,
+                   std::function<void()> afterSome);
 
-    /// Adds the file's rows. A file that cannot be read is reported once and adds no row; a fragment that fails is
-    /// reported and left out.
+    /// Adds the file's rows. A file that cannot be read is reported once and adds no row; a fragment that
+    /// fails is reported and left out.
     void extractFile(const std::u16string& path);
 
 private:

@@ -57,7 +57,9 @@ void appendWithout(std::uint8_t unwanted, std::u16string_view text, std::u16stri
 
 } // namespace
 
-void appendKeyCleaning(std::u16string_view text, std::u16string& target) { appendWithout(keyUnwanted, text, target); }
+void appendKeyCleaning(std::u16string_view text, std::u16string& target) {
+    appendWithout(keyUnwanted, text, target);
+}
 
 void appendLevelCleaning(std::u16string_view text, std::u16string& target) {
     appendWithout(levelUnwanted, text, target);
@@ -119,8 +121,8 @@ void FragmentWalker::walkArrayElement(std::u16string_view element) {
     arraySeen_ = true;
 }
 
-/// Before the first array of a run an element is one piece, its commas and the next member's key included; after
-/// it, an element is cut at its commas, and one without commas is lost.
+/// Before the first array of a run an element is one piece, its commas and the next member's key included;
+/// after it, an element is cut at its commas, and one without commas is lost.
 void FragmentWalker::walkOtherElement(std::u16string_view element) {
     name_.clear();
     appendKeyCleaning(element, name_);

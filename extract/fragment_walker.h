@@ -8,19 +8,23 @@ namespace brindlewick {
 
 // The four cleanings. Each appends the text to `target` without the listed characters and without the
 // blanks (U+0020) that then lead or trail.
-void appendKeyCleaning(std::u16string_view text, std::u16string& target);        ///< without " { [ ]
-void appendLevelCleaning(std::u16string_view text, std::u16string& target);      ///< without " { [ ]; a "}" survives
-void appendValueCleaning(std::u16string_view text, std::u16string& target);      ///< without " { }
-void appendLooseValueCleaning(std::u16string_view text, std::u16string& target); ///< without " { } ]; a "[" survives
+void appendKeyCleaning(std::u16string_view text, std::u16string& target); ///< without " { [ ]
+void appendLevelCleaning(std::u16string_view text,
+                         std::u16string& target); ///< without " { [ ]; a "}" survives
+void appendValueCleaning(std::u16string_view text, std::u16string& target); ///< without " { }
+void appendLooseValueCleaning(std::u16string_view text,
+                              std::u16string& target); ///< without " { } ]; a "[" survives
 
-/// Works on the line's text, not on parsed values: crude, and kept so, because users rely on the texts it gives.
+/// Works on the line's text, not on parsed values: crude, and kept so, because users rely on the texts it
+/// gives.
 ///
-/// The state that lasts is `arraySeen`: once any element that begins with "[" was walked, fragments without an array
-/// give other text than before, until the walker is made anew.
+/// The state that lasts is `arraySeen`: once any element that begins with "[" was walked, fragments without
+/// an array give other text than before, until the walker is made anew.
 class FragmentWalker {
 public:
-    /// Adds what the line holds to the key text and the value text. Fails with outOfMemory as soon as either would
-    /// become longer than `longestText`; what was added before stays. Linear in the line and the text added.
+    /// Adds what the line holds to the key text and the value text. Fails with outOfMemory as soon as either
+    /// would become longer than `longestText`; what was added before stays. Linear in the line and the text
+    /// added.
     void walk(std::u16string_view line);
     /// Empties both texts; arraySeen stays.
     void clearTexts() noexcept;

@@ -125,8 +125,12 @@ std::u16string_view ResultsTable::cell(std::size_t row, std::size_t column) cons
     return column < textColumn ? std::u16string_view(files_[stored.file]) : std::u16string_view();
 }
 
-bool ResultsTable::isChecked(std::size_t row) const { return at(row).checked != 0; }
+bool ResultsTable::isChecked(std::size_t row) const {
+    return at(row).checked != 0;
+}
 
-void ResultsTable::setChecked(std::size_t row, bool checked) { at(row).checked = checked ? 1 : 0; }
+void ResultsTable::setChecked(std::size_t row, bool checked) {
+    at(row).checked = checked ? 1 : 0;
+}
 
 } // namespace brindlewick

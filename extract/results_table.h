@@ -54,8 +54,8 @@ public:
     void beginFile(std::u16string_view path);
     /// Stores a text once. Fails with outOfMemory when it is longer than `longestText`.
     Text store(std::u16string_view text);
-    /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second the
-    /// text; without it, the first cell is the text and a second column stays empty.
+    /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second
+    /// the text; without it, the first cell is the text and a second column stays empty.
     void appendRow(Text text, bool withFilename);
 
     std::size_t rowCount() const noexcept { return rowCount_; }

@@ -38,7 +38,8 @@ void TagMatcher::addTag(std::u16string_view tag) {
         std::uint16_t& unitClass = classOfUnit_[foldCase(unit)];
         if (unitClass == 0)
             unitClass = static_cast<std::uint16_t>(classCount_++);
-        const auto [edge, isNew] = edges_.try_emplace(edgeKey(state, unitClass), static_cast<State>(nodes_.size()));
+        const auto [edge, isNew] =
+            edges_.try_emplace(edgeKey(state, unitClass), static_cast<State>(nodes_.size()));
         if (isNew)
             nodes_.emplace_back();
         state = edge->second;
@@ -52,8 +53,8 @@ void TagMatcher::linkFailures() {
         State parent;
         std::uint32_t unitClass;
     };
-    // States are numbered in the order of entering, children after their parents: a parent's edge is known first,
-    // and counting depths orders the states without sorting.
+    // States are numbered in the order of entering, children after their parents: a parent's edge is known
+    // first, and counting depths orders the states without sorting.
     std::vector<Edge> edgeTo(nodes_.size());
     for (const auto& [key, child] : edges_)
         edgeTo[child] = {static_cast<State>(key >> 16), static_cast<std::uint32_t>(key & 0xFFFF)};
@@ -81,8 +82,8 @@ void TagMatcher::linkFailures() {
 
 void TagMatcher::buildTable() {
     table_.assign(nodes_.size() * classCount_, root);
-    // A state's failure state is shallower, but may have a higher number, so rows are filled on demand, deepest
-    // dependency first, along the failure chain.
+    // A state's failure state is shallower, but may have a higher number, so rows are filled on demand,
+    // deepest dependency first, along the failure chain.
     std::vector<bool> isFilled(nodes_.size(), false);
     std::vector<std::vector<std::pair<std::uint32_t, State>>> children(nodes_.size());
     for (const auto& [key, child] : edges_)
@@ -97,7 +98,8 @@ void TagMatcher::buildTable() {
             const State state = chain.back();
             State* const row = table_.data() + std::size_t{state} * classCount_;
             if (state != root) {
-                const State* const fallBack = table_.data() + std::size_t{nodes_[state].failure} * classCount_;
+                const State* const fallBack =
+                    table_.data() + std::size_t{nodes_[state].failure} * classCount_;
                 std::copy(fallBack, fallBack + classCount_, row);
             }
             for (const auto& [unitClass, child] : children[state])
@@ -125,7 +127,8 @@ std::size_t TagMatcher::countMatches(std::u16string_view line) {
     State state = root;
     for (const char16_t unit : line) {
         const std::uint32_t unitClass = classOfUnit_[unit];
-        state = table_.empty() ? nextSparse(state, unitClass) : table_[std::size_t{state} * classCount_ + unitClass];
+        state = table_.empty() ? nextSparse(state, unitClass)
+                               : table_[std::size_t{state} * classCount_ + unitClass];
         if (state != root) {
             count += countOutputs(state);
             if (count == otherTags_)
@@ -135,8 +138,8 @@ std::size_t TagMatcher::countMatches(std::u16string_view line) {
     return count + emptyTags_;
 }
 
-/// Counts the tags that end here, and stops at the first state counted in this line before: what it falls back on was
-/// counted with it.
+/// Counts the tags that end here, and stops at the first state counted in this line before: what it falls
+/// back on was counted with it.
 std::size_t TagMatcher::countOutputs(State state) {
     std::size_t count = 0;
     if (nodes_[state].tags == 0)

@@ -1,4 +1,5 @@
-// Counts how many of a list of tags a line contains, without regard to letter case, in one pass over the line.
+// Counts how many of a list of tags a line contains, without regard to letter case, in one pass over the
+// line.
 #pragma once
 
 #include <cstddef>
@@ -11,13 +12,14 @@
 
 namespace brindlewick {
 
-/// A multi-pattern automaton after Aho and Corasick over folded code units. Building it is linear in the tags' length,
-/// counting linear in the line's, however many tags there are and however they nest.
+/// A multi-pattern automaton after Aho and Corasick over folded code units. Building it is linear in the
+/// tags' length, counting linear in the line's, however many tags there are and however they nest.
 class TagMatcher {
 public:
     explicit TagMatcher(std::span<const std::u16string> tags);
 
-    /// How many of the tags the line contains; equal tags count each. An empty tag is contained in every line.
+    /// How many of the tags the line contains; equal tags count each. An empty tag is contained in every
+    /// line.
     std::size_t countMatches(std::u16string_view line);
 
 private:
@@ -26,9 +28,9 @@ private:
 
     /// What is known of a state besides its transitions.
     struct Node {
-        State failure = root;   ///< the longest proper suffix that is a state too
-        State outputs = root;   ///< the nearest state on the failure chain that ends a tag; root for none
-        std::uint32_t tags = 0; ///< how many tags end here
+        State failure = root;     ///< the longest proper suffix that is a state too
+        State outputs = root;     ///< the nearest state on the failure chain that ends a tag; root for none
+        std::uint32_t tags = 0;   ///< how many tags end here
         std::uint32_t seenIn = 0; ///< the number of the line in which this state was counted last
     };
 
@@ -40,7 +42,8 @@ private:
     std::size_t countOutputs(State state);
     void startLine();
 
-    std::vector<std::uint16_t> classOfUnit_; ///< by code unit: 0 for one that no tag holds, equal for units that fold alike
+    std::vector<std::uint16_t>
+        classOfUnit_; ///< by code unit: 0 for one that no tag holds, equal for units that fold alike
     std::uint32_t classCount_ = 1;
     std::unordered_map<std::uint64_t, State> edges_; ///< by state * 65536 + class
     std::vector<Node> nodes_;
