@@ -27,7 +27,8 @@ public:
     bool empty() const noexcept { return texts_.empty(); }
     /// The text of a row, from 0.
     const std::u16string& operator[](std::size_t row) const { return texts_[row]; }
-    /// The texts themselves, in order; whoever holds on to them across an event-loop turn asks for the size anew.
+    /// The texts themselves, in order; whoever holds on to them across an event-loop turn asks for the size
+    /// anew.
     const std::vector<std::u16string>& texts() const noexcept { return texts_; }
     auto begin() const noexcept { return texts_.begin(); }
     auto end() const noexcept { return texts_.end(); }
