@@ -1,0 +1,177 @@
+// The walk through a folder tree, one level after the other, with one listing per folder.
+#include "lists/folder_scanner.h"
+
+#include "lists/folder_rules.h"
+#include "lists/path_cleanup.h"
+#include "platform/error_report.h"
+#include "platform/files.h"
+#include "platform/letter_case.h"
+#include "platform/native_path.h"
+
+#include <string>
+#include <utility>
+
+namespace brindlewick {
+
+namespace {
+
+/// Failures that mean a folder is gone or closed to the user, which a scan passes over.
+bool isMissingOrRefused(FailureNumber number) noexcept {
+    return number == FailureNumber::permissionDenied || number == FailureNumber::pathNotFound;
+}
+
+} // namespace
+
+void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse) {
+    const Guard guard(user, u"in MerrowTitle2021/08/31.AddFolder.GetSubDirectories2016 ");
+    using Order = FolderCollection::Order;
+
+    // Drops from a level what cannot be read, and gives the level below.
+    const auto examineLevel = [&](Order& level) {
+        Order below;
+        std::size_t kept = 0;
+        for (const auto id : level) {
+            bool isReadable = true;
+            guard([&] { isReadable = folders.examine(id, below, user); });
+            if (isReadable)
+                level[kept++] = id;
+        }
+        level.resize(kept);
+        return below;
+    };
+
+    Order level = examineLevel(folders.order_);
+    while (!level.empty()) {
+        Order below;
+        if (recurse)
+            below = examineLevel(level);
+        // Unlike the start folders, a subfolder that may not be walked is not listed either. One whose path
+        // is too long to be walked is: its own files are within reach.
+        std::erase_if(level, [&](auto id) { return !folders.isFollowed(id); });
+        guard([&] { folders.order_.insert(folders.order_.end(), level.begin(), level.end()); });
+        level = std::move(below);
+    }
+}
+
+std::vector<std::u16string> GetFilesInFolder(std::u16string_view folder, std::u16string_view pattern) {
+    const std::u16string prefix = withSeparator(folder);
+    std::vector<std::u16string> names;
+    std::vector<FolderEntry> entries;
+    try {
+        entries = listFolder(prefix);
+    } catch (const Failure& failure) {
+        if (!isMissingOrRefused(failure.number()))
+            throw;
+    }
+    for (FolderEntry& entry : entries)
+        if (!entry.isFolder && matchesPattern(entry.name, pattern) && FileExistsByOpen(prefix + entry.name))
+            names.push_back(std::move(entry.name));
+    return names;
+}
+
+void FolderCollection::addStartFolder(std::u16string_view folder) {
+    std::u16string path = withSeparator(folder);
+    if (const auto known = idOfPath_.find(path); known != idOfPath_.end()) {
+        order_.push_back(known->second);
+        return;
+    }
+    const bool isRoot = isRootFolder(path);
+    // Behind a separator the system would look at a link's target instead of the link.
+    std::u16string_view bare = path;
+    if (!isRoot)
+        bare.remove_suffix(1);
+    const unsigned attributes = fileStatus(bare).attributes;
+    const FolderId id = idOf(std::move(path), attributes);
+    folders_[id].isRoot = isRoot;
+    order_.push_back(id);
+}
+
+const std::vector<std::u16string>& FolderCollection::acceptedFiles(std::size_t position,
+                                                                   UserInterface& user) {
+    Folder& folder = folders_[order_[position]];
+    if (!folder.isListed)
+        list(folder);
+    if (folder.failure && !isMissingOrRefused(*folder.failure))
+        throw Failure(*folder.failure);
+    if (!folder.filesAreChecked) {
+        std::u16string path = folder.path;
+        std::erase_if(folder.fileNames, [&](const std::u16string& name) {
+            user.yield();
+            path.resize(folder.path.size());
+            path += name;
+            return !isAcceptedFile(fileStatus(path));
+        });
+        folder.filesAreChecked = true;
+    }
+    return folder.fileNames;
+}
+
+FolderCollection::FolderId FolderCollection::idOf(std::u16string path, unsigned attributes) {
+    if (const auto known = idOfPath_.find(path); known != idOfPath_.end())
+        return known->second;
+    const auto id = static_cast<FolderId>(folders_.size());
+    folders_.push_back({});
+    folders_.back().path = std::move(path);
+    folders_.back().attributes = attributes;
+    idOfPath_.emplace(folders_.back().path, id);
+    return id;
+}
+
+bool FolderCollection::isFollowed(FolderId id) const {
+    const Folder& folder = folders_[id];
+    return (folder.attributes & attribute::folder) != 0 &&
+           attributesLetWalk(folder.attributes, folder.isRoot);
+}
+
+/// Appends the folder's subfolders to `below`; false when the folder cannot be read.
+bool FolderCollection::examine(FolderId id, Order& below, UserInterface& user) {
+    Folder& folder = folders_[id];
+    user.showProgress(u"Scanning " + folder.path + u": " + fileCountText(fileNamesFound_), 0, 0);
+    user.yield();
+    if (!isFollowed(id) || folder.path.size() >= folderPathLimit)
+        return true;
+    if (!folder.isListed)
+        list(folder);
+    for (const FolderId subfolder : folder.subfolders) {
+        below.push_back(subfolder);
+        user.yield();
+    }
+    return !folder.failure || !isMissingOrRefused(*folder.failure);
+}
+
+/// Fills in what the folder holds. A failure to read it is kept: the walk drops the folder or passes over it,
+/// and asking for its files reports what the walk did not mean.
+void FolderCollection::list(Folder& folder) {
+    std::vector<FolderEntry> entries;
+    std::optional<FailureNumber> listingFailure;
+    try {
+        entries = listFolder(folder.path);
+    } catch (const Failure& failure) {
+        listingFailure = failure.number();
+    }
+    Order subfolders;
+    std::vector<std::u16string> fileNames;
+    for (FolderEntry& entry : entries) {
+        if (entry.isFolder) {
+            // A link to a folder is a junction; of any other folder the walk only needs to know that it is
+            // one.
+            const unsigned attributes = entry.isSymbolicLink ? attribute::linkedFolder : attribute::folder;
+            if (isAcceptedFolderName(entry.name))
+                subfolders.push_back(idOf(withSeparator(folder.path + entry.name), attributes));
+        } else if (!isTemporaryCopy(entry.name) && matchesPattern(entry.name, filePattern_)) {
+            fileNames.push_back(std::move(entry.name));
+        }
+    }
+    fileNamesFound_ += fileNames.size();
+    folder.subfolders = std::move(subfolders);
+    folder.fileNames = std::move(fileNames);
+    folder.failure = listingFailure;
+    folder.isListed = true;
+}
+
+std::u16string fileCountText(std::uint64_t count) {
+    const std::string digits = std::to_string(count);
+    return std::u16string(digits.begin(), digits.end()) + (count == 1 ? u" file" : u" files");
+}
+
+} // namespace brindlewick
