@@ -1,0 +1,147 @@
+// What the buttons and gestures of the input file list do.
+#include "lists/input_file_handlers.h"
+
+#include "lists/busy.h"
+#include "lists/folder_scanner.h"
+#include "lists/list_file.h"
+#include "lists/path_cleanup.h"
+#include "lists/selection.h"
+#include "platform/error_report.h"
+#include "platform/files.h"
+
+#include <utility>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr std::u16string_view addFilesTitle = u"Add File(s) - Hold Ctrl to select multiple files";
+constexpr std::u16string_view extensionPrompt =
+    u"Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.)";
+constexpr std::u16string_view listFileMessage =
+    u"File should look like:\rC:\\test\\1.xml\rC:\\test\\2.xml\retc.";
+
+/// Walks the collection and appends the files of all its folders; gives how many.
+std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderCollection& folders,
+                                TextList& inputFiles) {
+    std::uint64_t added = 0;
+    GetSubDirectories2016(user, folders, true);
+    for (std::size_t position = 0; position < folders.size(); ++position) {
+        guard([&] {
+            for (const std::u16string& name : folders.acceptedFiles(position, user)) {
+                inputFiles.append(CollapseDoubledBackslashes(folders[position] + name));
+                ++added;
+            }
+            user.showProgress(u"Scanning " + folders[position] + u": " + fileCountText(added), 0, 0);
+        });
+    }
+    return added;
+}
+
+} // namespace
+
+void InputFileHandlers::PushButton1_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton1_Click ");
+    std::u16string selection;
+    guard([&] { selection = user_.chooseFilesToOpen({addFilesTitle, u"All Files (*.json)|*.json|"}); });
+    if (!selectionFitsBuffer(selection)) {
+        guard([&] { user_.showMessage(tooManyFilesMessage); });
+        return;
+    }
+    guard([&] {
+        for (std::u16string& path : pathsOfSelection(selection))
+            inputFiles_.append(std::move(path));
+    });
+}
+
+void InputFileHandlers::PushButton5_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton5_Click ");
+    std::u16string extension;
+    guard([&] { extension = settings_.GetSetting(u"Extension", u"json"); });
+    std::u16string answer;
+    guard([&] { answer = user_.askText(extensionPrompt, extension); });
+    if (answer.empty())
+        return;
+    guard([&] { settings_.SaveSetting(u"Extension", answer); });
+
+    std::u16string lastFolder;
+    guard([&] { lastFolder = settings_.GetSetting(u"LastFolder"); });
+    std::u16string folder;
+    guard([&] { folder = user_.browseForFolder(u"Please select folder:", lastFolder); });
+    if (folder.empty())
+        return;
+    guard([&] { settings_.SaveSetting(u"LastFolder", folder); });
+
+    std::uint64_t added = 0;
+    guard([&] { user_.setPointer(PointerShape::hourglass); });
+    guard([&] {
+        FolderCollection folders(u"*." + answer);
+        folders.addStartFolder(folder);
+        added = appendFilesOfTree(user_, guard, folders, inputFiles_);
+    });
+    guard([&] { user_.setPointer(PointerShape::standard); });
+    guard([&] { user_.endProgress(fileCountText(added) + u" added"); });
+}
+
+void InputFileHandlers::PushButton16_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton16_Click ");
+    guard([&] { user_.showMessage(listFileMessage); });
+    std::vector<std::u16string> paths;
+    guard([&] {
+        paths = pathsOfSelection(user_.chooseFilesToOpen({addFilesTitle, u"All Files (*.*)|*.*|"}));
+    });
+    for (const std::u16string& path : paths)
+        guard([&] { ReadListFile(user_, path, inputFiles_); });
+}
+
+void InputFileHandlers::PushButton14_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton14_Click ");
+    guard([&] { inputFiles_.clear(); });
+}
+
+void InputFileHandlers::ListView1_DblClick(std::optional<std::size_t> selectedRow) {
+    if (isBusy(user_) || inputFiles_.empty() || !selectedRow)
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView1_DblClick ");
+    guard([&] { inputFiles_.removeAt(*selectedRow); });
+}
+
+void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>& items) {
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView1_OLEDragDrop ");
+    // A drop is taken even while another operation is under way; the hourglass is then that operation's.
+    const bool wasBusy = isBusy(user_);
+    bool hasScanned = false;
+    std::uint64_t added = 0;
+    // Not emptied between the folders of one drop: the files of the earlier ones are listed again with every
+    // later one. Odd, and kept.
+    FolderCollection folders(u"*.*");
+    for (const std::u16string& item : items) {
+        if (!IsFolder(item)) {
+            guard([&] { inputFiles_.append(item); });
+            ++added;
+            continue;
+        }
+        if (!wasBusy && !hasScanned)
+            guard([&] { user_.setPointer(PointerShape::hourglass); });
+        hasScanned = true;
+        guard([&] {
+            folders.addStartFolder(item);
+            added += appendFilesOfTree(user_, guard, folders, inputFiles_);
+        });
+    }
+    if (!hasScanned)
+        return;
+    if (!wasBusy)
+        guard([&] { user_.setPointer(PointerShape::standard); });
+    guard([&] { user_.endProgress(fileCountText(added) + u" added"); });
+}
+
+} // namespace brindlewick

@@ -22,8 +22,8 @@ public:
         std::optional<std::size_t> scrollTo;
     };
     /// `screenRow` is the pointer's position on the screen in pixels from the top.
-    Outcome ListView1_MouseMove(std::optional<std::size_t> rowUnderPointer, std::optional<std::size_t> selectedRow,
-                                int screenRow);
+    Outcome ListView1_MouseMove(std::optional<std::size_t> rowUnderPointer,
+                                std::optional<std::size_t> selectedRow, int screenRow);
 
 private:
     TextList& list_;

@@ -1,0 +1,96 @@
+// What the buttons and keys of the tag list do, and how the list is kept between runs.
+#include "lists/tag_handlers.h"
+
+#include "lists/busy.h"
+#include "lists/list_file.h"
+#include "lists/selection.h"
+#include "platform/error_report.h"
+#include "platform/failure.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr std::u16string_view tagSeparator = u"||MySeparator12||";
+/// The row counter is a signed 16-bit number: rows 0 to 32,767 when restoring, a count of 32,767 when saving.
+constexpr std::size_t largestRowCounter = 32767;
+constexpr int deleteKey = 46;
+
+} // namespace
+
+void TagHandlers::PushButton3_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton3_Click ");
+    std::u16string tag;
+    guard([&] { tag = user_.askText(u"Enter tag to add: ", u""); });
+    if (!tag.empty())
+        guard([&] { tags_.append(std::move(tag)); });
+}
+
+void TagHandlers::PushButton4_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton4_Click ");
+    std::vector<std::u16string> paths;
+    guard([&] {
+        paths = pathsOfSelection(
+            user_.chooseFilesToOpen({u"Load List(s) - Hold Ctrl to select multiple list files",
+                                     u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|"}));
+    });
+    for (const std::u16string& path : paths)
+        guard([&] { ReadListFile(user_, path, tags_); });
+}
+
+void TagHandlers::PushButton8_Click(std::optional<std::size_t> selectedRow) {
+    if (isBusy(user_) || tags_.empty() || !selectedRow)
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton8_Click ");
+    guard([&] { tags_.removeAt(*selectedRow); });
+}
+
+void TagHandlers::PushButton10_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton10_Click ");
+    guard([&] { tags_.clear(); });
+}
+
+void TagHandlers::ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow) {
+    if (keyCode != deleteKey || isBusy(user_) || tags_.empty() || !selectedRow)
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView3_KeyDown ");
+    guard([&] { tags_.removeAt(*selectedRow); });
+}
+
+std::u16string tagsToSetting(const TextList& tags) {
+    if (tags.size() > largestRowCounter)
+        throw Failure(FailureNumber::overflow);
+    std::u16string setting;
+    for (const std::u16string& tag : tags) {
+        if (tag.size() + tagSeparator.size() > longestText - setting.size())
+            throw Failure(FailureNumber::outOfMemory);
+        setting += tag;
+        setting += tagSeparator;
+    }
+    return setting;
+}
+
+void appendTagsFromSetting(std::u16string_view stored, TextList& tags) {
+    std::size_t start = 0;
+    for (std::size_t piece = 0; start <= stored.size(); ++piece) {
+        if (piece > largestRowCounter)
+            throw Failure(FailureNumber::overflow);
+        const std::size_t end = std::min(stored.find(tagSeparator, start), stored.size());
+        if (end > start)
+            tags.append(std::u16string(stored.substr(start, end - start)));
+        // Past the end of the last piece: the loop ends. A separator at the very end leaves one empty piece.
+        start = end < stored.size() ? end + tagSeparator.size() : stored.size() + 1;
+    }
+}
+
+} // namespace brindlewick
