@@ -1,0 +1,212 @@
+// The text of a settings file: finding a key's value in it and putting another in its place.
+// The format is told in settings_file.h.
+#include "app/settings_text.h"
+
+#include "platform/text_encoding.h"
+
+#include <algorithm>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr std::string_view section = "[Brindlewick]";
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+/// Where a key's line stands, without its line end; or where a new line of the section belongs.
+struct Place {
+    bool found = false;
+    bool hasSection = false;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    std::string_view value;
+};
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+Place placeOf(std::string_view file, std::string_view key) {
+    Place place;
+    bool inSection = false;
+    std::size_t at = file.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    while (at < file.size()) {
+        const std::size_t end = std::min(file.find_first_of("\r\n", at), file.size());
+        const std::string_view line = trimmed(file.substr(at, end - at));
+        if (line.starts_with('[')) {
+            inSection = line == section;
+        } else if (inSection && !line.empty() && line[0] != ';' && line[0] != '#') {
+            const std::size_t equals = line.find('=');
+            if (equals != std::string_view::npos && trimmed(line.substr(0, equals)) == key)
+                return {true, true, at, end, trimmed(line.substr(equals + 1))};
+        }
+        std::size_t next = end + 1;
+        if (end + 1 < file.size() && file[end] == '\r' && file[end + 1] == '\n')
+            ++next;
+        if (inSection && !line.empty()) {
+            place.hasSection = true;
+            place.begin = place.end = std::min(next, file.size());
+        }
+        at = next;
+    }
+    return place;
+}
+
+bool isLoneSurrogate(std::u16string_view text, std::size_t i) {
+    const auto isHigh = [](char16_t unit) { return (unit & 0xFC00) == 0xD800; };
+    const auto isLow = [](char16_t unit) { return (unit & 0xFC00) == 0xDC00; };
+    if (isHigh(text[i]))
+        return i + 1 == text.size() || !isLow(text[i + 1]);
+    return isLow(text[i]) && (i == 0 || !isHigh(text[i - 1]));
+}
+
+bool needsEscape(std::u16string_view text, std::size_t i) {
+    return text[i] < u' ' || (text[i] >= 0x7F && text[i] < 0xA0) || isLoneSurrogate(text, i);
+}
+
+bool standsPlain(std::u16string_view value) {
+    if (value.empty())
+        return true;
+    if (value.front() == u'"' || value.front() == u' ' || value.back() == u' ')
+        return false;
+    for (std::size_t i = 0; i < value.size(); ++i)
+        if (needsEscape(value, i))
+            return false;
+    return true;
+}
+
+void appendEscaped(char16_t unit, std::u16string& text) {
+    constexpr std::u16string_view digits = u"0123456789ABCDEF";
+    text += u'\\';
+    switch (unit) {
+    case u'\n':
+        text += u'n';
+        return;
+    case u'\r':
+        text += u'r';
+        return;
+    case u'\t':
+        text += u't';
+        return;
+    case u'\\':
+    case u'"':
+        text += unit;
+        return;
+    default:
+        text += u'u';
+        for (int shift = 12; shift >= 0; shift -= 4)
+            text += digits[(static_cast<unsigned>(unit) >> shift) & 0xF];
+    }
+}
+
+std::string valueAsBytes(std::u16string_view value) {
+    if (standsPlain(value))
+        return toUtf8(value);
+    std::u16string quoted = u"\"";
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        if (value[i] == u'\\' || value[i] == u'"' || needsEscape(value, i))
+            appendEscaped(value[i], quoted);
+        else
+            quoted += value[i];
+    }
+    return toUtf8(quoted + u'"');
+}
+
+/// The unit for four hexadecimal digits, none when they are not.
+std::optional<char16_t> unitFromDigits(std::u16string_view digits) {
+    unsigned value = 0;
+    for (const char16_t digit : digits) {
+        if (digit >= u'0' && digit <= u'9')
+            value = value * 16 + static_cast<unsigned>(digit - u'0');
+        else if ((digit | 0x20) >= u'a' && (digit | 0x20) <= u'f')
+            value = value * 16 + static_cast<unsigned>((digit | 0x20) - u'a') + 10;
+        else
+            return std::nullopt;
+    }
+    return digits.size() == 4 ? std::optional(static_cast<char16_t>(value)) : std::nullopt;
+}
+
+/// What stands between the quotes; none when the text is not one whole pair of quotes with known escapes.
+std::optional<std::u16string> unquoted(std::u16string_view text) {
+    if (text.size() < 2 || text.front() != u'"' || text.back() != u'"')
+        return std::nullopt;
+    text = text.substr(1, text.size() - 2);
+    std::u16string value;
+    value.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == u'"')
+            return std::nullopt;
+        if (text[i] != u'\\') {
+            value += text[i];
+            continue;
+        }
+        if (++i == text.size())
+            return std::nullopt;
+        switch (text[i]) {
+        case u'n':
+            value += u'\n';
+            break;
+        case u'r':
+            value += u'\r';
+            break;
+        case u't':
+            value += u'\t';
+            break;
+        case u'\\':
+        case u'"':
+            value += text[i];
+            break;
+        case u'u': {
+            const std::optional<char16_t> unit = unitFromDigits(text.substr(i + 1, 4));
+            if (!unit)
+                return std::nullopt;
+            value += *unit;
+            i += 4;
+            break;
+        }
+        default:
+            return std::nullopt;
+        }
+    }
+    return value;
+}
+
+} // namespace
+
+std::optional<std::u16string> settingInText(std::string_view file, std::u16string_view key) {
+    const Place place = placeOf(file, toUtf8(key));
+    if (!place.found)
+        return std::nullopt;
+    std::u16string text = fromUtf8(place.value);
+    std::optional<std::u16string> inner = unquoted(text);
+    return inner ? std::move(inner) : std::optional(std::move(text));
+}
+
+std::string textWithSetting(std::string_view file, std::u16string_view key, std::u16string_view value) {
+    const std::string keyBytes = toUtf8(key);
+    const std::string line = keyBytes + '=' + valueAsBytes(value);
+    const Place place = placeOf(file, keyBytes);
+    std::string result;
+    result.reserve(file.size() + line.size() + section.size() + 3);
+    const auto endLine = [&] {
+        if (!result.empty() && result.back() != '\n' && result.back() != '\r' && result != byteOrderMark)
+            result += '\n';
+    };
+    if (place.found) {
+        result.append(file.substr(0, place.begin)).append(line).append(file.substr(place.end));
+        return result;
+    }
+    result = file.substr(0, place.hasSection ? place.begin : file.size());
+    endLine();
+    if (!place.hasSection)
+        result.append(section) += '\n';
+    result.append(line) += '\n';
+    if (place.hasSection)
+        result.append(file.substr(place.begin));
+    return result;
+}
+
+} // namespace brindlewick

@@ -1,0 +1,252 @@
+// The settings file: any text comes back, hand-edited files are understood, failures are told apart.
+#include "app/settings_file.h"
+
+#include "app/settings_text.h"
+#include "platform/failure.h"
+#include "support/temporary_folder.h"
+
+#include <QByteArray>
+#include <QtGlobal>
+#include <csignal>
+#include <functional>
+#include <gtest/gtest.h>
+#include <optional>
+#ifdef __unix__
+#include <sys/resource.h>
+#include <unistd.h>
+#endif
+
+namespace brindlewick {
+namespace {
+
+using namespace std::string_literals;
+using testing::TemporaryFolder;
+
+constexpr const char* fileName = "Tessaly/Brindlewick.ini";
+
+class SettingsFileTest : public ::testing::Test {
+protected:
+    SettingsFileTest() { useFolder(folder.path()); }
+    ~SettingsFileTest() override { qputenv("XDG_CONFIG_HOME", before); }
+    static void useFolder(const std::filesystem::path& path) {
+        qputenv("XDG_CONFIG_HOME", QByteArray(path.c_str()));
+    }
+    static std::optional<FailureNumber> failureOfSaving() {
+        try {
+            SettingsFile().SaveSetting(u"Option", u"2");
+        } catch (const Failure& failure) {
+            return failure.number();
+        }
+        return std::nullopt;
+    }
+    static std::optional<FailureNumber> failureOfReading() {
+        try {
+            SettingsFile().GetSetting(u"Option", u"1");
+        } catch (const Failure& failure) {
+            return failure.number();
+        }
+        return std::nullopt;
+    }
+
+    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+    TemporaryFolder folder;
+};
+
+TEST_F(SettingsFileTest, anyTextComesBackUnitForUnit) {
+    std::u16string everyUnit;
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit)
+        everyUnit += {static_cast<char16_t>(unit), u'.'};
+    const std::u16string texts[] = {
+        u"",
+        u"1",
+        u" ",
+        u"  blanks around\t",
+        u"\t",
+        u"a||MySeparator12||b||MySeparator12||",
+        u"a,b, c;d#e=f",
+        u"@Invalid()",
+        u"@",
+        u"\"quoted\"",
+        u"\"",
+        u"\"\"",
+        u"ends in \\",
+        u"C:\\new\\table\\u0041",
+        u"\\\"",
+        u"[Brindlewick]",
+        u"x\n[Brindlewick]\nOption=9",
+        u"a\rb\r\nc\0d"s,
+        u"\0"s,
+        u"\xD800",
+        u"\xDC00\xD800",
+        u"\xDCFF/\xDC80",
+        u"\xD83D\xDE00",
+        u"\xFEFF\xFFFE\xFFFF",
+        u"\x0085\x2028\x2029\x00A0",
+        everyUnit,
+        std::u16string(1'000'000, u'"'),
+        std::u16string(1'000'000, u'a'),
+    };
+    for (const std::u16string& text : texts) {
+        SettingsFile().SaveSetting(u"Tags", text);
+        EXPECT_TRUE(SettingsFile().GetSetting(u"Tags", u"default") == text)
+            << ::testing::PrintToString(text.substr(0, 40));
+    }
+    for (const std::u16string& text : texts)
+        for (const std::u16string_view key : {u"First", u"Second"}) {
+            SettingsFile().SaveSetting(key, text);
+            EXPECT_TRUE(SettingsFile().GetSetting(key, u"default") == text);
+        }
+    EXPECT_TRUE(SettingsFile().GetSetting(u"Tags", u"") == texts[std::size(texts) - 1])
+        << "neighbours harmed it";
+}
+
+TEST_F(SettingsFileTest, absentKeysGiveTheDefault) {
+    EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"1"), u"1") << "no file, no folder";
+    SettingsFile().SaveSetting(u"Option", u"");
+    EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"1"), u"") << "stored, though empty";
+    EXPECT_EQ(SettingsFile().GetSetting(u"Check1", u"0"), u"0");
+    EXPECT_EQ(SettingsFile().GetSetting(u"", u"d"), u"d");
+    EXPECT_EQ(folder.read(fileName), "[Brindlewick]\nOption=\n");
+}
+
+TEST_F(SettingsFileTest, filesEditedByHandAreUnderstood) {
+    const std::pair<std::string, std::u16string> cases[] = {
+        {"[Brindlewick]\nOption=7\n", u"7"},
+        {"[Brindlewick]\nOption=7", u"7"},
+        {"[Brindlewick]\r\nCheck1=1\r\nOption=7\r\n", u"7"},
+        {"[Brindlewick]\rOption=7\rCheck1=1", u"7"},
+        {"\xEF\xBB\xBF[Brindlewick]\nOption=7\n", u"7"},
+        {"  [Brindlewick]  \n\t Option \t= 7 \n", u"7"},
+        {"; note\n[Other]\nOption=1\n[Brindlewick]\n;Option=2\n#Option=3\nOption=7\n", u"7"},
+        {"[Brindlewick]\n[Other]\nOption=1\n[Brindlewick]\nOption=7\n", u"7"},
+        {"[Brindlewick]\nOption=7\nOption=8\n", u"7"},
+        {"[Brindlewick]\nOption=a,b,\"c\"\n", u"a,b,\"c\""},
+        {"[Brindlewick]\nOption=a;b=c\n", u"a;b=c"},
+        {"[Brindlewick]\nOption=C:\\new\\table\n", u"C:\\new\\table"},
+        {"[Brindlewick]\nOption=\"  kept  \"\n", u"  kept  "},
+        {"[Brindlewick]\nOption=\"a\\u00e9\\uD800\"\n", u"a\x00E9\xD800"},
+        {"[Brindlewick]\nOption=\"a\" and \"b\"\n", u"\"a\" and \"b\""},
+        {"[Brindlewick]\nOption=\"bad \\q escape\"\n", u"\"bad \\q escape\""},
+        {"[Brindlewick]\nOption=\"cut \\u12\"\n", u"\"cut \\u12\""},
+        {"[Brindlewick]\nOption=\"\\\"\n", u"\"\\\""},
+        {"[Brindlewick]\nOption=\xC3\xA9\xFF\n", u"\x00E9\xFFFD"},
+        {"Option=7\n", u"default"},
+        {"[Other]\nOption=7\n", u"default"},
+        {"[Brindlewick]\nOptions=7\nNoption=8\nOption\n", u"default"},
+        {"", u"default"},
+        {std::string(100'000, '['), u"default"},
+        {std::string("\0\0\xFF\xFE", 4), u"default"},
+    };
+    for (const auto& [bytes, expected] : cases) {
+        folder.write(fileName, bytes);
+        EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"default"), expected) << bytes.substr(0, 60);
+        SettingsFile().SaveSetting(u"Option", u"2");
+        EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"default"), u"2") << bytes.substr(0, 60);
+    }
+}
+
+TEST(SettingsText, onlyTheKeysLineChanges) {
+    struct Case {
+        std::string file;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {"", "[Brindlewick]\nOption=2\n"},
+        {"[Brindlewick]", "[Brindlewick]\nOption=2\n"},
+        {"\xEF\xBB\xBF", "\xEF\xBB\xBF[Brindlewick]\nOption=2\n"},
+        {"[Other]\na=1", "[Other]\na=1\n[Brindlewick]\nOption=2\n"},
+        {"; c\r\n[Brindlewick]\r\n Option = 1 \r\nx=\xFF\r\n",
+         "; c\r\n[Brindlewick]\r\nOption=2\r\nx=\xFF\r\n"},
+        {"[Brindlewick]\na=1\n\n[Other]\nOption=5\n", "[Brindlewick]\na=1\nOption=2\n\n[Other]\nOption=5\n"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(textWithSetting(c.file, u"Option", u"2"), c.expected);
+}
+
+TEST_F(SettingsFileTest, failuresAreToldApart) {
+    struct Case {
+        const char* what;
+        std::function<void()> prepare;
+        std::optional<FailureNumber> reading;
+        std::optional<FailureNumber> saving;
+    };
+    const auto path = folder.path();
+    const Case cases[] = {
+        {"missing folders are made", [&] { useFolder(path / "new" / "deep"); }, {}, {}},
+        {"a file where the configuration folder should be",
+         [&] {
+             folder.write("plain", "");
+             useFolder(path / "plain");
+         },
+         {},
+         FailureNumber::pathNotFound},
+        {"a file where the program's folder should be",
+         [&] {
+             folder.write("c1/Tessaly", "");
+             useFolder(path / "c1");
+         },
+         {},
+         FailureNumber::pathNotFound},
+        {"a folder in place of the file",
+         [&] {
+             std::filesystem::create_directories(path / "c2" / fileName);
+             useFolder(path / "c2");
+         },
+         FailureNumber::permissionDenied, FailureNumber::permissionDenied},
+        {"a file system that takes no files",
+         [&] { useFolder("/proc/self"); },
+         {},
+         FailureNumber::pathNotFound},
+    };
+    for (const Case& c : cases) {
+        c.prepare();
+        EXPECT_EQ(failureOfReading(), c.reading) << c.what;
+        EXPECT_EQ(failureOfSaving(), c.saving) << c.what;
+    }
+}
+
+TEST_F(SettingsFileTest, keysAreLettersAndDigits) {
+    for (const std::u16string_view key : {u"", u"a b", u"a=b", u"[x]", u"a\nb", u"\u00E9"})
+        EXPECT_THROW(SettingsFile().SaveSetting(key, u"1"), Failure);
+}
+
+#ifdef __unix__
+TEST_F(SettingsFileTest, missingPermissionsAreReportedAsSuch) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "nothing is forbidden to root";
+    SettingsFile().SaveSetting(u"Option", u"1");
+    std::filesystem::permissions(folder.path() / "Tessaly",
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    EXPECT_EQ(failureOfSaving(), FailureNumber::permissionDenied);
+    std::filesystem::permissions(folder.path() / "Tessaly", std::filesystem::perms::owner_all);
+    std::filesystem::permissions(folder.path() / fileName, std::filesystem::perms::none);
+    EXPECT_EQ(failureOfReading(), FailureNumber::permissionDenied);
+}
+
+TEST_F(SettingsFileTest, aWriteThatFailsHalfwayLeavesTheOldFile) {
+    SettingsFile().SaveSetting(u"Option", u"1");
+    const std::string old = folder.read(fileName);
+    const auto previous = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{4096, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    std::optional<FailureNumber> failure;
+    try {
+        SettingsFile().SaveSetting(u"Tags", std::u16string(100'000, u'a'));
+    } catch (const Failure& caught) {
+        failure = caught.number();
+    }
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, previous);
+    EXPECT_EQ(failure, FailureNumber::deviceIoError);
+    EXPECT_EQ(folder.read(fileName), old);
+    const auto entries = std::filesystem::directory_iterator(folder.path() / "Tessaly");
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "a temporary file was left behind";
+    SettingsFile().SaveSetting(u"Option", u"2");
+    EXPECT_EQ(SettingsFile().GetSetting(u"Option", u""), u"2");
+}
+#endif
+
+} // namespace
+} // namespace brindlewick
