@@ -1,0 +1,105 @@
+// What goes into the file dialogs and what comes out of them, apart from the dialogs themselves.
+// Qt speaks "/" everywhere; the program speaks the platform's separator.
+#include "app/file_dialogs.h"
+
+#include "app/qt_text.h"
+#include "platform/user_interface.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace brindlewick {
+
+namespace {
+
+QString captionWithPatterns(QString caption, QString patterns) {
+    patterns.replace(u';', u' ');
+    QStringList parts = patterns.split(u' ', Qt::SkipEmptyParts);
+    parts.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+    if (caption.endsWith(u')') && caption.lastIndexOf(u'(') >= 0)
+        caption.truncate(caption.lastIndexOf(u'('));
+    return caption.trimmed() + QStringLiteral(" (") + parts.join(u' ') + u')';
+}
+
+/// The length of the part of `paths` up to and with the last separator that all of them share.
+qsizetype sharedFolderLength(const QStringList& paths) {
+    const QChar separator = QDir::separator();
+    qsizetype length = paths.front().lastIndexOf(separator) + 1;
+    for (const QString& path : paths)
+        while (length > 0 && QStringView(path).left(length) != QStringView(paths.front()).left(length))
+            length = QStringView(paths.front()).left(length - 1).lastIndexOf(separator) + 1;
+    return length;
+}
+
+bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
+    dialog.setWindowTitle(toQString(wanted.title));
+    dialog.setNameFilters(nameFilters(wanted.filter));
+    if (!folder.isEmpty())
+        dialog.setDirectory(folder);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+} // namespace
+
+QStringList nameFilters(std::u16string_view filter) {
+    const QStringList parts = toQString(filter).split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        if (!parts[i + 1].trimmed().isEmpty())
+            filters += captionWithPatterns(parts[i], parts[i + 1]);
+    return filters;
+}
+
+std::u16string joinedSelection(const QStringList& paths) {
+    if (paths.isEmpty())
+        return {};
+    if (paths.size() == 1)
+        return fromQString(paths.front());
+    const qsizetype length = sharedFolderLength(paths);
+    QString folder = paths.front().left(length);
+    if (folder.size() > 1 && !QDir(folder).isRoot())
+        folder.chop(1);
+    for (const QString& path : paths)
+        folder += QChar(u'\0') + QStringView(path).mid(length).toString();
+    return fromQString(folder);
+}
+
+QStringList runOpenDialog(QWidget& parent, const FileDialog& dialog, QString& folder) {
+    QFileDialog files(&parent);
+    files.setAcceptMode(QFileDialog::AcceptOpen);
+    files.setFileMode(QFileDialog::ExistingFiles);
+    if (!run(files, dialog, folder))
+        return {};
+    folder = files.directory().absolutePath();
+    QStringList paths = files.selectedFiles();
+    std::transform(paths.begin(), paths.end(), paths.begin(), &QDir::toNativeSeparators);
+    return paths;
+}
+
+QString runSaveDialog(QWidget& parent, const FileDialog& dialog, QString& folder) {
+    QFileDialog files(&parent);
+    files.setAcceptMode(QFileDialog::AcceptSave);
+    files.setFileMode(QFileDialog::AnyFile);
+    // The program asks that question itself.
+    files.setOption(QFileDialog::DontConfirmOverwrite);
+    if (!run(files, dialog, folder) || files.selectedFiles().isEmpty())
+        return {};
+    folder = files.directory().absolutePath();
+    return QDir::toNativeSeparators(files.selectedFiles().front());
+}
+
+QString runFolderDialog(QWidget& parent, const QString& prompt, const QString& startFolder) {
+    QFileDialog folders(&parent, prompt);
+    folders.setAcceptMode(QFileDialog::AcceptOpen);
+    folders.setFileMode(QFileDialog::Directory);
+    folders.setOption(QFileDialog::ShowDirsOnly);
+    if (!startFolder.isEmpty() && QFileInfo(startFolder).isDir())
+        folders.setDirectory(startFolder);
+    if (folders.exec() != QDialog::Accepted || folders.selectedFiles().isEmpty())
+        return {};
+    return QDir::toNativeSeparators(folders.selectedFiles().front());
+}
+
+} // namespace brindlewick
