@@ -1,0 +1,81 @@
+// Pointer pictures: the CUR file format, picture and hot spot.
+// Every offset and length of the file is checked before it is used.
+#include "app/cursor_picture.h"
+
+#include "app/small_file.h"
+#include "platform/failure.h"
+
+#include <cstdint>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr qsizetype directorySize = 6;
+constexpr qsizetype entrySize = 16;
+constexpr int largestSide = 256;
+
+std::uint32_t littleEndian(const QByteArray& bytes, qsizetype at, int count) {
+    std::uint32_t value = 0;
+    for (int i = count - 1; i >= 0; --i)
+        value = value << 8 | static_cast<std::uint8_t>(bytes[at + i]);
+    return value;
+}
+
+void appendLittleEndian(QByteArray& bytes, std::uint32_t value, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes.append(static_cast<char>(value >> (8 * i) & 0xFF));
+}
+
+void require(bool condition) {
+    if (!condition)
+        throw Failure(FailureNumber::invalidPicture);
+}
+
+/// Where the entry of the wanted picture stands in the file.
+qsizetype chosenEntry(const QByteArray& bytes) {
+    require(bytes.size() >= directorySize + entrySize);
+    require(littleEndian(bytes, 0, 2) == 0 && littleEndian(bytes, 2, 2) == 2);
+    const auto count = static_cast<qsizetype>(littleEndian(bytes, 4, 2));
+    require(count > 0 && bytes.size() >= directorySize + count * entrySize);
+    for (qsizetype i = 0; i < count; ++i)
+        if (bytes[directorySize + i * entrySize] == 32)
+            return directorySize + i * entrySize;
+    return directorySize;
+}
+
+/// The same picture as an icon file of its own, which Qt's plug-in reads; planes and bit count come from the
+/// bitmap's own header, offsets 12 and 14.
+QByteArray asIconFile(const QByteArray& bytes, qsizetype entry, const QByteArray& picture) {
+    require(picture.size() >= 40);
+    QByteArray icon;
+    appendLittleEndian(icon, 0, 2);
+    appendLittleEndian(icon, 1, 2);
+    appendLittleEndian(icon, 1, 2);
+    icon.append(bytes.mid(entry, 4)).append(picture.mid(12, 4));
+    appendLittleEndian(icon, static_cast<std::uint32_t>(picture.size()), 4);
+    appendLittleEndian(icon, static_cast<std::uint32_t>(directorySize + entrySize), 4);
+    return icon.append(picture);
+}
+
+} // namespace
+
+CursorPicture cursorPictureFromBytes(const QByteArray& bytes) {
+    const qsizetype entry = chosenEntry(bytes);
+    const auto length = static_cast<qsizetype>(littleEndian(bytes, entry + 8, 4));
+    const auto offset = static_cast<qsizetype>(littleEndian(bytes, entry + 12, 4));
+    require(length > 0 && offset >= directorySize + entrySize && offset <= bytes.size() &&
+            length <= bytes.size() - offset);
+    const QByteArray picture = bytes.mid(offset, length);
+
+    CursorPicture cursor;
+    cursor.image = picture.startsWith("\x89PNG")
+                       ? pictureFromBytes(picture, largestSide, "PNG")
+                       : pictureFromBytes(asIconFile(bytes, entry, picture), largestSide, "ICO");
+    cursor.hotSpot = QPoint(static_cast<int>(littleEndian(bytes, entry + 4, 2)),
+                            static_cast<int>(littleEndian(bytes, entry + 6, 2)));
+    require(cursor.image.rect().contains(cursor.hotSpot));
+    return cursor;
+}
+
+} // namespace brindlewick

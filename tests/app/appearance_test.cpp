@@ -1,0 +1,269 @@
+// Skin, hand pointer and hover behaviour, with good, missing and broken files.
+#include "app/appearance.h"
+
+#include "app/cursor_picture.h"
+#include "platform/failure.h"
+#include "support/fake_user.h"
+#include "support/temporary_folder.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QCheckBox>
+#include <QEnterEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <gtest/gtest.h>
+#include <optional>
+#include <random>
+
+namespace brindlewick {
+namespace {
+
+using testing::FakeUser;
+using testing::TemporaryFolder;
+
+struct Controls {
+    QMainWindow window;
+    QWidget* surface = new QWidget;
+    QRadioButton* option = new QRadioButton;
+    QCheckBox* check = new QCheckBox;
+    QGroupBox* frame1 = new QGroupBox;
+    QGroupBox* frame2 = new QGroupBox;
+    QLabel* label = new QLabel;
+    QPushButton* button = new QPushButton("b");
+    QListWidget* list = new QListWidget;
+
+    Controls() {
+        auto* layout = new QVBoxLayout(surface);
+        for (QWidget* widget :
+             std::initializer_list<QWidget*>{option, check, frame1, frame2, label, button, list})
+            layout->addWidget(widget);
+        frame1->setObjectName("Frame1");
+        frame2->setObjectName("Frame2");
+        QPalette palette = window.palette();
+        palette.setColor(QPalette::Window, Qt::yellow);
+        palette.setColor(QPalette::Button, Qt::cyan);
+        window.setPalette(palette);
+        window.setCentralWidget(surface);
+        window.resize(400, 500);
+        window.show();
+    }
+    bool coloured() const {
+        int count = 0;
+        for (const QWidget* widget :
+             std::initializer_list<const QWidget*>{option, check, frame1, frame2, label})
+            count += widget->palette().color(QPalette::Window) == Qt::cyan;
+        EXPECT_TRUE(count == 0 || count == 5) << count;
+        EXPECT_NE(list->palette().color(QPalette::Window), QColor(Qt::cyan));
+        return count == 5;
+    }
+};
+
+TEST(ApplySkin, needsTheFileAndTakesWhatItCanLoad) {
+    struct Case {
+        const char* what;
+        std::optional<std::string> file;
+        bool colours;
+        bool fails;
+    };
+    const Case cases[] = {
+        {"no file", std::nullopt, false, false},
+        {"empty", "", true, false},
+        {"a style sheet", "QPushButton { color: red; }", true, false},
+        {"UTF-8 text with a mark", "\xEF\xBB\xBF/* \xC3\xA9 */ QLabel { color: red }", true, false},
+        {"not UTF-8", "QLabel { color: red } /* \xFF */", true, true},
+        {"binary", std::string("\0\1\2PK\3\4", 7), true, true},
+        {"no style sheet", "{{{ this is ] no sheet", true, true},
+        {"too long", std::string(5'000'000, ' '), true, true},
+    };
+    for (const Case& c : cases) {
+        const TemporaryFolder folder;
+        if (c.file)
+            folder.write("x/o.cjs", *c.file);
+        Controls controls;
+        std::optional<FailureNumber> failure;
+        try {
+            ApplySkin(controls.window, folder.text());
+        } catch (const Failure& caught) {
+            failure = caught.number();
+        }
+        EXPECT_EQ(failure, c.fails ? std::optional(FailureNumber::invalidProcedureCall) : std::nullopt)
+            << c.what;
+        EXPECT_EQ(controls.coloured(), c.colours) << c.what;
+        EXPECT_EQ(controls.window.styleSheet().isEmpty(), c.fails || !c.file || c.file->empty()) << c.what;
+    }
+}
+
+TEST(ApplySkin, aFolderOfThatNameIsNoSkin) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder.path() / "x" / "o.cjs");
+    Controls controls;
+    ApplySkin(controls.window, folder.text());
+    EXPECT_FALSE(controls.coloured());
+}
+
+std::string number(std::uint32_t value, int count) {
+    std::string bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(value >> (8 * i));
+    return bytes;
+}
+
+std::string directory(unsigned type, unsigned count) {
+    return number(0, 2) + number(type, 2) + number(count, 2);
+}
+
+std::string entry(unsigned side, unsigned x, unsigned y, std::size_t length, std::size_t offset) {
+    return number(side, 1) + number(side, 1) + number(0, 2) + number(x, 2) + number(y, 2) +
+           number(static_cast<std::uint32_t>(length), 4) + number(static_cast<std::uint32_t>(offset), 4);
+}
+
+std::string png(int side) {
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data().toStdString();
+}
+
+/// A bitmap as pointer files hold it: header with the doubled height, blue pixels, an empty mask.
+std::string bitmap(unsigned side) {
+    std::string bytes = number(40, 4) + number(side, 4) + number(2 * side, 4) + number(1, 2) + number(32, 2);
+    bytes += std::string(24, '\0');
+    for (unsigned i = 0; i < side * side; ++i)
+        bytes += "\xFF\x01\x02\xFF";
+    return bytes + std::string((side + 31) / 32 * 4 * side, '\0');
+}
+
+std::string cursorFile(const std::string& picture, unsigned side, unsigned x, unsigned y) {
+    return directory(2, 1) + entry(side, x, y, picture.size(), 22) + picture;
+}
+
+TEST(CursorPictures, comeWithTheirHotSpot) {
+    const std::string two = directory(2, 2) + entry(16, 1, 2, png(16).size(), 38) +
+                            entry(32, 3, 4, png(32).size(), 38 + png(16).size()) + png(16) + png(32);
+    struct Case {
+        std::string bytes;
+        QSize size;
+        QPoint hotSpot;
+        QRgb colour;
+    };
+    const Case cases[] = {
+        {cursorFile(png(32), 32, 5, 31), {32, 32}, {5, 31}, 0xFFFF0000},
+        {cursorFile(bitmap(32), 32, 9, 1), {32, 32}, {9, 1}, 0xFF0201FF},
+        {cursorFile(bitmap(16), 16, 0, 0), {16, 16}, {0, 0}, 0xFF0201FF},
+        {two, {32, 32}, {3, 4}, 0xFFFF0000},
+    };
+    for (const Case& c : cases) {
+        const CursorPicture picture = cursorPictureFromBytes(QByteArray::fromStdString(c.bytes));
+        EXPECT_EQ(picture.image.size(), c.size);
+        EXPECT_EQ(picture.hotSpot, c.hotSpot);
+        EXPECT_EQ(picture.image.pixel(c.size.width() / 2, 3), c.colour);
+    }
+}
+
+TEST(CursorPictures, brokenFilesAreInvalidPictures) {
+    const std::string good = cursorFile(png(32), 32, 0, 0);
+    const std::pair<const char*, std::string> cases[] = {
+        {"empty", ""},
+        {"text", "this is no pointer picture at all, only text"},
+        {"an icon", directory(1, 1) + entry(32, 0, 0, png(32).size(), 22) + png(32)},
+        {"no entries", directory(2, 0) + std::string(40, '\0')},
+        {"more entries than bytes", directory(2, 65535) + good.substr(6)},
+        {"hot spot outside", cursorFile(png(32), 32, 32, 0)},
+        {"offset beyond the end", directory(2, 1) + entry(32, 0, 0, 10, 0xFFFFFFF0) + png(32)},
+        {"length beyond the end", directory(2, 1) + entry(32, 0, 0, 0xFFFFFFFF, 22) + png(32)},
+        {"picture inside the directory", directory(2, 1) + entry(32, 0, 0, 30, 0) + png(32)},
+        {"larger than pointers are", cursorFile(png(300), 0, 0, 0)},
+        {"no picture", cursorFile(std::string(100, 'x'), 32, 0, 0)},
+    };
+    for (const auto& [what, bytes] : cases)
+        try {
+            cursorPictureFromBytes(QByteArray::fromStdString(bytes));
+            ADD_FAILURE() << what;
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.number(), FailureNumber::invalidPicture) << what;
+        }
+}
+
+TEST(CursorPictures, damagedBytesGiveAPictureOrAFailure) {
+    std::mt19937 random(7);
+    int failures = 0;
+    for (const std::string& good : {cursorFile(png(32), 32, 1, 1), cursorFile(bitmap(32), 32, 1, 1)})
+        for (int round = 0; round < 600; ++round) {
+            std::string bytes = good;
+            if (round % 2 == 0)
+                bytes.resize(random() % bytes.size());
+            else
+                for (unsigned i = 0; i <= random() % 4; ++i)
+                    bytes[random() % (round % 4 == 1 ? 70 : bytes.size())] = static_cast<char>(random());
+            try {
+                const CursorPicture picture = cursorPictureFromBytes(QByteArray::fromStdString(bytes));
+                EXPECT_TRUE(picture.image.rect().contains(picture.hotSpot));
+            } catch (const Failure& failure) {
+                EXPECT_EQ(failure.number(), FailureNumber::invalidPicture);
+                ++failures;
+            }
+        }
+    EXPECT_GT(failures, 300);
+}
+
+TEST(HandPointer, isOptional) {
+    const TemporaryFolder folder;
+    EXPECT_FALSE(loadHandPointer(folder.text()));
+    folder.write("HAND-M.CUR", cursorFile(bitmap(32), 32, 9, 1));
+    const std::optional<QCursor> hand = loadHandPointer(folder.text());
+    ASSERT_TRUE(hand);
+    EXPECT_EQ(hand->hotSpot(), QPoint(9, 1));
+    folder.write("HAND-M.CUR", "damaged");
+    EXPECT_THROW(loadHandPointer(folder.text()), Failure);
+}
+
+TEST(HoverPointers, handOverButtonsArrowElsewhereHourglassUntouched) {
+    Controls controls;
+    FakeUser user;
+    const HoverPointer hover(controls.window, user);
+    const auto move = [](QWidget& widget) {
+        const QPointF at(2, 2);
+        QMouseEvent event(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    };
+    const auto enter = [](QWidget& widget) {
+        QEnterEvent event(QPointF(2, 2), QPointF(2, 2), QPointF(2, 2));
+        QApplication::sendEvent(&widget, &event);
+    };
+    const auto leave = [](QWidget& widget) {
+        QEvent event(QEvent::Leave);
+        QApplication::sendEvent(&widget, &event);
+    };
+    move(*controls.button);
+    EXPECT_EQ(user.pointer(), PointerShape::custom) << "the move goes on to the surface below the button";
+    move(*controls.surface);
+    EXPECT_EQ(user.pointer(), PointerShape::standard);
+    enter(*controls.button);
+    EXPECT_EQ(user.pointer(), PointerShape::custom);
+    enter(*controls.frame2);
+    EXPECT_EQ(user.pointer(), PointerShape::standard);
+    enter(*controls.button);
+    leave(*controls.button);
+    EXPECT_EQ(user.pointer(), PointerShape::standard);
+
+    user.setPointer(PointerShape::hourglass);
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{controls.button, controls.surface, controls.frame2}) {
+        move(*widget);
+        enter(*widget);
+        leave(*widget);
+    }
+    EXPECT_EQ(user.pointer(), PointerShape::hourglass);
+}
+
+} // namespace
+} // namespace brindlewick
