@@ -1,0 +1,134 @@
+// A picture shown for a few seconds before the main window, with a box that hides it from the next start on.
+// Measures are in twips, 1440 to the logical inch, and become pixels when a control is placed.
+#include "app/splash.h"
+
+#include "app/qt_text.h"
+#include "app/small_file.h"
+#include "extract/extraction_options.h"
+#include "platform/error_report.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "platform/native_path.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFrame>
+#include <QLabel>
+#include <QPixmap>
+#include <QThread>
+#include <QTime>
+#include <algorithm>
+#include <cmath>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr double secondsADay = 86400;
+constexpr int largestSide = 8192;                             // pixels
+constexpr std::size_t longestPicture = std::size_t{64} << 20; // bytes
+constexpr int stripHeight = 300;                              // twips
+constexpr int boxMargin = 20;                                 // twips
+constexpr int lineLength = 10000;                             // twips
+constexpr int lineInset = 10;                                 // twips
+
+/// The first name of the folder that is neither a folder nor hidden; empty when there is none.
+std::u16string firstFileName(std::u16string_view folder) {
+    if (!IsFolder(folder))
+        return {};
+    for (const FolderEntry& entry : listFolder(folder))
+        if (!entry.isFolder && !entry.name.starts_with(u'.'))
+            return entry.name;
+    return {};
+}
+
+} // namespace
+
+double elapsedSinceEntry(double now, double entry) noexcept {
+    return now < entry ? now + secondsADay - entry : now - entry;
+}
+
+double secondsSinceMidnight() {
+    return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+}
+
+bool runsUnderDebugger() {
+    // Linux only: the process id of the tracer, 0 for none.
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray text = status.readAll();
+    const qsizetype at = text.indexOf("\nTracerPid:");
+    return at >= 0 && text.mid(at + 11, text.indexOf('\n', at + 1) - at - 11).trimmed() != "0";
+}
+
+Splash::Splash(UserInterface& user, SettingsStore& settings, std::u16string programFolder,
+               std::function<double()> clock, bool underDevelopment)
+    : user_(user), settings_(settings), programFolder_(std::move(programFolder)), clock_(std::move(clock)),
+      underDevelopment_(underDevelopment), Image1_(new QLabel(this)),
+      Check1_(new QCheckBox(QStringLiteral("Hide this at next startup"), this)) {
+    // Its closing must not end a program whose main window is not shown yet.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    Image1_->setObjectName(QStringLiteral("Image1"));
+    Image1_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    Check1_->setObjectName(QStringLiteral("Check1"));
+    for (int i = 0; i < 4; ++i) {
+        Lines_[i] = new QFrame(this);
+        Lines_[i]->setObjectName(QStringLiteral("Line%1").arg(i + 1));
+        Lines_[i]->setFrameShadow(QFrame::Plain);
+        Lines_[i]->setFrameShape(i % 2 == 0 ? QFrame::VLine : QFrame::HLine);
+    }
+    connect(Check1_, &QCheckBox::toggled, this, [this] { Check1_Click(); });
+}
+
+void Splash::SplashShow() {
+    if (flagFromSetting(settings_.GetSetting(u"ShowAgain", u"0")) != 0)
+        return;
+    const std::u16string folder = programFolder_ + pathSeparator + u"Splash";
+    const std::u16string name = firstFileName(folder);
+    const std::u16string path = folder + pathSeparator + name;
+    if (name.empty() || !FileExists(path))
+        return;
+    setWindowTitle(QStringLiteral("Brindlewick"));
+    placeControls(pictureFromBytes(readSmallFile(path, longestPicture), largestSide));
+    show();
+    Pause(underDevelopment_ ? 0.4 : 4);
+    close();
+}
+
+void Splash::placeControls(const QImage& picture) {
+    const int width = picture.width();
+    const int height = picture.height() + pixels(stripHeight);
+    Image1_->setPixmap(QPixmap::fromImage(picture));
+    Image1_->setGeometry(0, 0, width, height);
+    Check1_->adjustSize();
+    Check1_->move(pixels(60), height - Check1_->height() - pixels(boxMargin));
+
+    const int length = pixels(lineLength);
+    const int inset = std::max(pixels(lineInset), 1);
+    Lines_[0]->setGeometry(0, 0, 1, length);
+    Lines_[1]->setGeometry(0, 0, length, 1);
+    Lines_[2]->setGeometry(width - inset, 0, 1, length);
+    Lines_[3]->setGeometry(0, height - inset, length, 1);
+    setFixedSize(width, height);
+}
+
+void Splash::Check1_Click() {
+    const Guard guard(user_, u"in Corvane2021/08/31.Splash.Check1_Click ");
+    guard([&] { settings_.SaveSetting(u"ShowAgain", Check1_->isChecked() ? u"1" : u"0"); });
+}
+
+void Splash::Pause(double seconds) {
+    const double entry = clock_();
+    while (elapsedSinceEntry(clock_(), entry) < seconds) {
+        QCoreApplication::processEvents();
+        QThread::msleep(5);
+    }
+}
+
+int Splash::pixels(int twips) const {
+    return static_cast<int>(std::lround(twips * logicalDpiX() / 1440.0));
+}
+
+} // namespace brindlewick

@@ -1,0 +1,55 @@
+// A picture shown for a few seconds before the main window, with a box that hides it from the next start on.
+// Ready to be switched on by calling `SplashShow`; nothing calls it.
+#pragma once
+
+#include "platform/settings_store.h"
+#include "platform/user_interface.h"
+
+#include <QWidget>
+#include <functional>
+#include <string>
+
+class QCheckBox;
+class QFrame;
+class QLabel;
+
+namespace brindlewick {
+
+/// Seconds from `entry` to `now`, both times of day in seconds since midnight; one midnight may lie between.
+double elapsedSinceEntry(double now, double entry) noexcept;
+
+/// The local time of day in seconds since midnight, with fractions.
+double secondsSinceMidnight();
+
+/// True while a debugger follows this program.
+bool runsUnderDebugger();
+
+class Splash : public QWidget {
+public:
+    /// `clock` tells the time of day in seconds; `underDevelopment` shortens the wait.
+    Splash(UserInterface& user, SettingsStore& settings, std::u16string programFolder,
+           std::function<double()> clock = &secondsSinceMidnight,
+           bool underDevelopment = runsUnderDebugger());
+
+    /// Shows the first picture of the "Splash" folder for 4 seconds (0.4 under development), unless the
+    /// setting "ShowAgain" is not 0 or there is no picture. Fails with invalidPicture when the picture cannot
+    /// be loaded, with typeMismatch when the setting is no number.
+    void SplashShow();
+
+private:
+    void placeControls(const QImage& picture);
+    void Check1_Click();
+    void Pause(double seconds);
+    int pixels(int twips) const;
+
+    UserInterface& user_;
+    SettingsStore& settings_;
+    std::u16string programFolder_;
+    std::function<double()> clock_;
+    bool underDevelopment_;
+    QLabel* Image1_;
+    QCheckBox* Check1_;
+    QFrame* Lines_[4];
+};
+
+} // namespace brindlewick
