@@ -123,7 +123,7 @@ TEST(Scan, ListsAStartFolderThatIsALinkWithoutItsSubfolders) {
 }
 
 TEST(Scan, StopsWalkingAt260CodeUnits) {
-    for (const std::size_t length : {259, 260}) {
+    for (const std::size_t length : {259u, 260u}) {
         const Tree tree({});
         const std::string name(length - tree.folder.text().size() - 2, 'd');
         tree.folder.write(name + "/own.json", "");
