@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/decimal_number.h"
+#include "core/key_index.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -45,14 +46,8 @@ public:
     const std::vector<Member>& members() const noexcept { return members_; }
 
 private:
-    bool contains(std::u16string_view key) const;
-    void enter(std::size_t member);
-    void growIndex();
-
     std::vector<Member> members_;
-    /// Open-addressed index of members_ by key: member number plus 1, or 0. Empty while there are few
-    /// members.
-    std::vector<std::uint32_t> index_;
+    KeyIndex index_;
 };
 
 /// An ordered list of values.

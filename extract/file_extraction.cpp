@@ -1,7 +1,5 @@
 #include "extract/file_extraction.h"
 
-#include "core/json_parser.h"
-#include "core/json_serialiser.h"
 #include "core/text_file_reader.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -65,15 +63,15 @@ void FileExtraction::extractPiece(std::u16string_view piece) {
     if (mode_ == ExtractionMode::all)
         walker_.clearTexts();
 
-    JsonParser parser;
     std::int32_t position = 1;
     unsigned fragments = 0;
     for (bool isFragment = true; isFragment;) {
-        std::optional<JsonValue> fragment;
-        guard_([&] { fragment = parser.parse(piece, position); });
-        isFragment = fragment.has_value();
-        if (isFragment)
-            guard_([&] { extractFragment(serialize(*fragment)); });
+        // A fragment that fails to become a line is reported like one that fails later: the next one follows.
+        guard_([&] {
+            isFragment = reader_.next(piece, position);
+            if (isFragment)
+                extractFragment(reader_.line());
+        });
         if (++fragments % fragmentsBetweenYields == 0)
             afterSome_();
     }

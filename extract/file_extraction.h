@@ -1,6 +1,7 @@
 // What a run does with one file: pieces to fragments, fragments to lines, lines that hold a tag to rows.
 #pragma once
 
+#include "core/fragment_line_reader.h"
 #include "extract/extraction_options.h"
 #include "extract/fragment_walker.h"
 #include "extract/results_table.h"
@@ -43,6 +44,7 @@ private:
     const std::vector<std::u16string>& tags_;
     ResultsTable& table_;
     std::function<void()> afterSome_;
+    FragmentLineReader reader_;
     TagMatcher matcher_;
     FragmentWalker walker_;
     ExtractionMode mode_ = ExtractionMode::none; ///< as it stood when the piece was started
