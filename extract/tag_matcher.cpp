@@ -81,7 +81,7 @@ void TagMatcher::linkFailures() {
 }
 
 void TagMatcher::buildTable() {
-    table_.assign(nodes_.size() * classCount_, root);
+    table_.assign(nodes_.size() * classCount_, 0);
     // A state's failure state is shallower, but may have a higher number, so rows are filled on demand,
     // deepest dependency first, along the failure chain.
     std::vector<bool> isFilled(nodes_.size(), false);
@@ -96,14 +96,14 @@ void TagMatcher::buildTable() {
         }
         for (; !chain.empty(); chain.pop_back()) {
             const State state = chain.back();
-            State* const row = table_.data() + std::size_t{state} * classCount_;
+            std::uint32_t* const row = table_.data() + std::size_t{state} * classCount_;
             if (state != root) {
-                const State* const fallBack =
+                const std::uint32_t* const fallBack =
                     table_.data() + std::size_t{nodes_[state].failure} * classCount_;
                 std::copy(fallBack, fallBack + classCount_, row);
             }
             for (const auto& [unitClass, child] : children[state])
-                row[unitClass] = child;
+                row[unitClass] = child * classCount_ * 2 + (endsTags(child) ? 1 : 0);
         }
     }
 }
@@ -123,19 +123,34 @@ TagMatcher::State TagMatcher::nextSparse(State state, std::uint32_t unitClass) c
 
 std::size_t TagMatcher::countMatches(std::u16string_view line) {
     startLine();
+    return emptyTags_ + (table_.empty() ? countByEdges(line) : countByTable(line));
+}
+
+std::size_t TagMatcher::countByTable(std::u16string_view line) {
+    const std::uint16_t* const classOfUnit = classOfUnit_.data();
+    const std::uint32_t* const table = table_.data();
     std::size_t count = 0;
-    State state = root;
+    std::uint32_t entry = 0;
     for (const char16_t unit : line) {
-        const std::uint32_t unitClass = classOfUnit_[unit];
-        state = table_.empty() ? nextSparse(state, unitClass)
-                               : table_[std::size_t{state} * classCount_ + unitClass];
-        if (state != root) {
-            count += countOutputs(state);
+        entry = table[(entry >> 1) + classOfUnit[unit]];
+        if ((entry & 1) != 0) {
+            count += countOutputs((entry >> 1) / classCount_);
             if (count == otherTags_)
                 break;
         }
     }
-    return count + emptyTags_;
+    return count;
+}
+
+std::size_t TagMatcher::countByEdges(std::u16string_view line) {
+    std::size_t count = 0;
+    State state = root;
+    for (const char16_t unit : line) {
+        state = nextSparse(state, classOfUnit_[unit]);
+        if (state != root)
+            count += countOutputs(state);
+    }
+    return count;
 }
 
 /// Counts the tags that end here, and stops at the first state counted in this line before: what it falls

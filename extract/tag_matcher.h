@@ -40,6 +40,9 @@ private:
     State childOf(State state, std::uint32_t unitClass) const;
     State nextSparse(State state, std::uint32_t unitClass) const;
     std::size_t countOutputs(State state);
+    std::size_t countByTable(std::u16string_view line);
+    std::size_t countByEdges(std::u16string_view line);
+    bool endsTags(State state) const { return nodes_[state].tags != 0 || nodes_[state].outputs != root; }
     void startLine();
 
     std::vector<std::uint16_t>
@@ -47,7 +50,9 @@ private:
     std::uint32_t classCount_ = 1;
     std::unordered_map<std::uint64_t, State> edges_; ///< by state * 65536 + class
     std::vector<Node> nodes_;
-    std::vector<State> table_; ///< next states, state by state; empty when it would be too large
+    /// Where each state goes on, state by state, as the next state's place in the table times 2, plus 1 when
+    /// tags end in that state. Empty when it would be too large.
+    std::vector<std::uint32_t> table_;
     std::size_t emptyTags_ = 0;
     std::size_t otherTags_ = 0;
     std::uint32_t line_ = 0;
