@@ -54,8 +54,18 @@ bool showBox(QWidget& parent, const QString& title, const QString& lines, Messag
     } else {
         box.setStandardButtons(QMessageBox::Ok);
     }
+    // A box as narrow as "Done." would show no title: room for it, the window's icon and its buttons.
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+        label->setMinimumWidth(box.fontMetrics().horizontalAdvance(title) + 130);
     const int answer = box.exec();
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
+}
+
+/// The pixels that the text takes at the window's width, up to 340; its beginning is enough to tell.
+int heightFor(const QString& lines, const QWidget& view) {
+    const QRect room(0, 0, 560, 340);
+    const QRect taken = view.fontMetrics().boundingRect(room, Qt::TextWrapAnywhere, lines.left(4000));
+    return std::clamp(taken.height() + view.fontMetrics().height(), 60, room.height());
 }
 
 bool showScrollingWindow(QWidget& parent, const QString& title, const QString& lines, MessageKind kind) {
@@ -82,7 +92,7 @@ bool showScrollingWindow(QWidget& parent, const QString& title, const QString& l
     column->addLayout(row);
     column->addWidget(buttons);
     const QSize room = parent.screen()->availableSize() * 0.8;
-    dialog.resize(QSize(640, 420).boundedTo(room));
+    dialog.resize(QSize(640, heightFor(lines, *text) + 80).boundedTo(room));
     buttons->button(kind == MessageKind::question ? QDialogButtonBox::Yes : QDialogButtonBox::Ok)->setFocus();
     return dialog.exec() == QDialog::Accepted;
 }

@@ -16,6 +16,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPixmap>
+#include <QScreen>
 #include <QThread>
 #include <QTime>
 #include <algorithm>
@@ -112,6 +113,7 @@ void Splash::placeControls(const QImage& picture) {
     Lines_[2]->setGeometry(width - inset, 0, 1, length);
     Lines_[3]->setGeometry(0, height - inset, length, 1);
     setFixedSize(width, height);
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 void Splash::Check1_Click() {

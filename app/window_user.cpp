@@ -39,9 +39,9 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const QString line = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
-        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
-                              line, foregroundRole());
+        const QString line = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), line, foregroundRole());
     }
 };
 
@@ -52,6 +52,7 @@ WindowUser::WindowUser(QWidget& window, QStatusBar& statusBar)
     progressLabel_ = new ElidedLabel(&statusBar_);
     progressLabel_->setObjectName(QStringLiteral("progressLabel"));
     progressLabel_->setTextFormat(Qt::PlainText);
+    progressLabel_->setContentsMargins(6, 0, 6, 0);
     // A long path must not widen the window.
     progressLabel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     progressLabel_->setAccessibleName(QStringLiteral("Status"));
