@@ -1,3 +1,4 @@
+// Turns whatever ended a step into the one report that the user sees.
 #include "platform/error_report.h"
 
 #include <new>
@@ -34,12 +35,12 @@ std::u16string applicationErrorText(std::u16string_view location, std::u16string
     return text;
 }
 
-void ReportApplicationError(UserInterface& user, std::u16string_view location, std::u16string_view description,
-                            std::uint_least32_t line) {
+void ReportApplicationError(UserInterface& user, std::u16string_view location,
+                            std::u16string_view description, std::uint_least32_t line) {
     user.showApplicationError(applicationErrorText(location, description, line));
 }
 
-void Guard::reportCurrentException(std::uint_least32_t line) const {
+void Guard::reportCurrentException(std::uint_least32_t line) const noexcept {
     const FailureNumber failure = currentFailure();
     try {
         ReportApplicationError(user_, location_, descriptionOf(failure), line);

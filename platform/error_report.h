@@ -5,7 +5,7 @@
 #include "platform/user_interface.h"
 
 #include <cstdint>
-#include <source_location>
+#include <source_location> // names nothing where __cpp_lib_source_location is missing (Clang 14)
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,8 +20,8 @@ std::u16string applicationErrorText(std::u16string_view location, std::u16string
                                     std::uint_least32_t line);
 
 /// Builds the report's text and shows it. The one place where a failure reaches the user.
-void ReportApplicationError(UserInterface& user, std::u16string_view location, std::u16string_view description,
-                            std::uint_least32_t line);
+void ReportApplicationError(UserInterface& user, std::u16string_view location,
+                            std::u16string_view description, std::uint_least32_t line);
 
 /// Runs the steps of one routine. A step that fails is reported under the routine's location text and the
 /// source line at which the step stands; the routine then goes on with its next step.
@@ -35,20 +35,27 @@ public:
     Guard(UserInterface& user, std::u16string_view location) noexcept : user_(user), location_(location) {}
 
     /// True when the step ended without a failure. No exception leaves the guard: an exhausted memory
-    /// is outOfMemory, any other foreign exception invalidProcedureCall.
+    /// is outOfMemory, any other foreign exception invalidProcedureCall. `line` is left to its default.
     template <class Step>
-    bool operator()(Step&& step, std::source_location where = std::source_location::current()) const {
+    bool operator()(Step&& step, std::uint_least32_t line = __builtin_LINE()) const {
         try {
             std::forward<Step>(step)();
             return true;
         } catch (...) {
-            reportCurrentException(where.line());
+            reportCurrentException(line);
             return false;
         }
     }
+#ifdef __cpp_lib_source_location
+    /// For a caller that was handed the place of the step.
+    template <class Step>
+    bool operator()(Step&& step, const std::source_location& where) const {
+        return (*this)(std::forward<Step>(step), where.line());
+    }
+#endif
 
 private:
-    void reportCurrentException(std::uint_least32_t line) const;
+    void reportCurrentException(std::uint_least32_t line) const noexcept;
 
     UserInterface& user_;
     std::u16string_view location_;

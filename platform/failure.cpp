@@ -1,3 +1,4 @@
+// The texts that failures are shown with.
 #include "platform/failure.h"
 
 namespace brindlewick {

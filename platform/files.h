@@ -15,11 +15,12 @@ namespace brindlewick {
 
 /// Attribute bits, added up.
 namespace attribute {
-inline constexpr unsigned readOnly = 1;  ///< no write permission for the user
-inline constexpr unsigned hidden = 2;    ///< the name begins with "."
+inline constexpr unsigned readOnly = 1; ///< no write permission for the user
+inline constexpr unsigned hidden = 2;   ///< the name begins with "."
 inline constexpr unsigned folder = 16;
-inline constexpr unsigned file = 32;     ///< a regular file
-inline constexpr unsigned linkedFolder = 1046; ///< a symbolic link to a folder: the whole value, as a junction has
+inline constexpr unsigned file = 32; ///< a regular file
+inline constexpr unsigned linkedFolder =
+    1046; ///< a symbolic link to a folder: the whole value, as a junction has
 } // namespace attribute
 
 /// The length in bytes. Fails when the file cannot be looked at.
@@ -44,7 +45,7 @@ FileStatus fileStatus(std::u16string_view path) noexcept;
 /// gives one; a symbolic link is looked at once.
 struct FolderEntry {
     std::u16string name;
-    bool isFolder = false;       ///< a folder, or a symbolic link to one
+    bool isFolder = false; ///< a folder, or a symbolic link to one
     bool isSymbolicLink = false;
 };
 /// Everything in the folder but "." and "..", ordered by name without regard to case, then by code unit.

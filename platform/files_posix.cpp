@@ -1,6 +1,9 @@
+// Files and folders through the POSIX calls. A path is looked at as often as its answer needs, once for a
+// file.
 #include "platform/files.h"
 
 #include "platform/letter_case.h"
+#include "platform/native_file.h"
 #include "platform/native_path.h"
 #include "platform/system_failure.h"
 
@@ -27,18 +30,31 @@ std::filesystem::path checkedPath(std::u16string_view path) {
 }
 
 /// Follows links; false, with errno set, when the path cannot be looked at.
-bool look(const std::filesystem::path& path, struct stat& status) { return ::stat(path.c_str(), &status) == 0; }
+bool look(const std::filesystem::path& path, struct stat& status) {
+    return ::stat(path.c_str(), &status) == 0;
+}
 
-bool isLink(const std::filesystem::path& path) {
-    struct stat status{};
+bool isLink(const std::string& path) {
+    struct stat status {};
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
+/// The path without separators at its end: behind one, the system would look at a link's target and the name
+/// is empty.
+std::string bareText(const std::filesystem::path& path) {
+    std::string text = path.native();
+    while (text.size() > 1 && text.back() == '/')
+        text.pop_back();
+    return text;
+}
+
 unsigned attributesOf(const std::filesystem::path& path, const struct stat& status) {
-    if (S_ISDIR(status.st_mode) && isLink(path))
+    const std::string text = bareText(path);
+    if (S_ISDIR(status.st_mode) && isLink(text))
         return attribute::linkedFolder;
-    unsigned attributes = S_ISDIR(status.st_mode) ? attribute::folder : attribute::file;
-    const std::string& text = path.native();
+    unsigned attributes = S_ISDIR(status.st_mode) ? attribute::folder : 0;
+    if (S_ISREG(status.st_mode))
+        attributes |= attribute::file;
     const std::size_t name = text.find_last_of('/') + 1; // 0 without a separator
     if (name < text.size() && text[name] == '.')
         attributes |= attribute::hidden;
@@ -55,24 +71,28 @@ struct CloseFolder {
 
 std::uint64_t fileLength(std::u16string_view path) {
     const std::filesystem::path native = checkedPath(path);
-    struct stat status{};
+    struct stat status {};
     if (!look(native, status))
         throwSystemFailure(errno, native);
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-bool FileExists(std::u16string_view path) noexcept { return fileStatus(path).exists; }
+bool FileExists(std::u16string_view path) noexcept {
+    return fileStatus(path).exists;
+}
 
 bool FileExistsByOpen(std::u16string_view path) noexcept {
     const FileStatus status = fileStatus(path);
     return status.exists && (status.attributes & attribute::folder) == 0;
 }
 
-bool IsFolder(std::u16string_view path) noexcept { return (fileStatus(path).attributes & attribute::folder) != 0; }
+bool IsFolder(std::u16string_view path) noexcept {
+    return (fileStatus(path).attributes & attribute::folder) != 0;
+}
 
 unsigned fileAttributes(std::u16string_view path) {
     const std::filesystem::path native = checkedPath(path);
-    struct stat status{};
+    struct stat status {};
     if (!look(native, status))
         throwSystemFailure(errno, native);
     return attributesOf(native, status);
@@ -81,7 +101,7 @@ unsigned fileAttributes(std::u16string_view path) {
 FileStatus fileStatus(std::u16string_view path) noexcept {
     try {
         const std::filesystem::path native = checkedPath(path);
-        struct stat status{};
+        struct stat status {};
         if (!look(native, status))
             return {};
         return {true, attributesOf(native, status)};
@@ -103,13 +123,19 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
         FolderEntry entry;
     };
     std::vector<Named> named;
-    while (const dirent* const found = ::readdir(listing.get())) {
+    for (;;) {
+        errno = 0; // readdir tells its end from its failure by nothing else
+        const dirent* const found = ::readdir(listing.get());
+        if (found == nullptr && errno != 0)
+            throwSystemFailure(errno);
+        if (found == nullptr)
+            break;
         const std::string_view name = found->d_name;
         if (name == "." || name == "..")
             continue;
         FolderEntry entry{textFromPathBytes(name), found->d_type == DT_DIR, found->d_type == DT_LNK};
         if (found->d_type == DT_LNK || found->d_type == DT_UNKNOWN) {
-            struct stat status{};
+            struct stat status {};
             if (::fstatat(::dirfd(listing.get()), found->d_name, &status, 0) == 0)
                 entry.isFolder = S_ISDIR(status.st_mode);
             if (found->d_type == DT_UNKNOWN &&
@@ -130,6 +156,14 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
     return entries;
 }
 
+std::FILE* createNativeFile(std::u16string_view path) {
+    const std::filesystem::path native = checkedPath(path);
+    std::FILE* const file = std::fopen(native.c_str(), "wbe"); // "e": closed in child processes
+    if (file == nullptr)
+        throwSystemFailure(errno, native);
+    return file;
+}
+
 std::u16string programFolder() {
     std::error_code ignored;
     return pathText(std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path());
@@ -138,18 +172,24 @@ std::u16string programFolder() {
 InputFile::InputFile(std::u16string_view path) : handle_(-1) {
     const std::filesystem::path native = checkedPath(path);
     // Without waiting: opening a pipe that nobody writes to must not hang.
-    const int file = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    int file = -1;
+    do
+        file = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    while (file < 0 && errno == EINTR);
     if (file < 0)
         throwSystemFailure(errno, native);
-    struct stat status{};
+    struct stat status {};
     if (::fstat(file, &status) != 0 || S_ISDIR(status.st_mode)) {
         ::close(file);
         throw Failure(FailureNumber::permissionDenied);
     }
+    ::posix_fadvise(file, 0, 0, POSIX_FADV_SEQUENTIAL); // a hint: reading goes on without it
     handle_ = file;
 }
 
-InputFile::~InputFile() { ::close(static_cast<int>(handle_)); }
+InputFile::~InputFile() {
+    ::close(static_cast<int>(handle_));
+}
 
 std::size_t InputFile::read(std::span<char> bytes) {
     std::size_t count = 0;
@@ -167,7 +207,7 @@ std::size_t InputFile::read(std::span<char> bytes) {
 }
 
 std::uint64_t InputFile::length() const {
-    struct stat status{};
+    struct stat status {};
     if (::fstat(static_cast<int>(handle_), &status) != 0)
         throwSystemFailure(errno);
     return static_cast<std::uint64_t>(status.st_size);

@@ -1,7 +1,10 @@
+// Folding by one table of all code units, expanded from ranges at first use; names compared and matched by
+// it.
 #include "platform/letter_case.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
-#include <vector>
 
 namespace brindlewick {
 
@@ -20,8 +23,10 @@ constexpr FoldRange foldRanges[] = {
 #include "letter_case_table.inc"
 };
 
-std::vector<char16_t> makeTable() {
-    std::vector<char16_t> table(65536);
+using FoldTable = std::array<char16_t, 65536>;
+
+FoldTable makeTable() {
+    FoldTable table{};
     for (std::size_t unit = 0; unit < table.size(); ++unit)
         table[unit] = static_cast<char16_t>(unit);
     for (const FoldRange& range : foldRanges)
@@ -33,11 +38,13 @@ std::vector<char16_t> makeTable() {
 } // namespace
 
 const char16_t* foldCaseTable() noexcept {
-    static const std::vector<char16_t> table = makeTable();
+    static const FoldTable table = makeTable();
     return table.data();
 }
 
-char16_t foldCase(char16_t unit) noexcept { return foldCaseTable()[unit]; }
+char16_t foldCase(char16_t unit) noexcept {
+    return foldCaseTable()[unit];
+}
 
 std::u16string foldedCase(std::u16string_view text) {
     std::u16string folded(text);
@@ -49,7 +56,7 @@ std::u16string foldedCase(std::u16string_view text) {
 
 bool lessByName(std::u16string_view left, std::u16string_view right) noexcept {
     const char16_t* const table = foldCaseTable();
-    const std::size_t common = left.size() < right.size() ? left.size() : right.size();
+    const std::size_t common = std::min(left.size(), right.size());
     for (std::size_t at = 0; at < common; ++at)
         if (table[left[at]] != table[right[at]])
             return table[left[at]] < table[right[at]];

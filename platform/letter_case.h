@@ -7,9 +7,9 @@
 
 namespace brindlewick {
 
-/// The form in which two code units that differ in letter case alone are equal: the simple lower-case mapping of
-/// the simple upper-case mapping, one UTF-16 code unit to one (surrogates map to themselves).
-/// Source: UnicodeData.txt, fields 12 and 13, Unicode 14.
+/// The form in which two code units that differ in letter case alone are equal: the simple lower-case mapping
+/// of the simple upper-case mapping, one UTF-16 code unit to one (surrogates map to themselves). Source:
+/// UnicodeData.txt, fields 12 and 13, Unicode 14.
 char16_t foldCase(char16_t unit) noexcept;
 std::u16string foldedCase(std::u16string_view text);
 /// foldCase for all 65,536 code units, for scanning loops.

@@ -1,3 +1,4 @@
+// Paths are bytes here: UTF-8 by custom, but any byte except NUL and the separator can stand in a name.
 #include "platform/native_path.h"
 
 #include "platform/text_encoding.h"
@@ -9,7 +10,9 @@ namespace {
 constexpr char16_t firstEscape = 0xDC80; // stands for the byte 80
 constexpr char16_t lastEscape = 0xDCFF;
 
-bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isHighSurrogate(char16_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
 
 /// The length of the valid UTF-8 character at the front, 0 when there is none.
 std::size_t validLength(std::string_view bytes) {
@@ -31,8 +34,8 @@ std::filesystem::path nativePath(std::u16string_view path) {
     std::string bytes;
     std::size_t runStart = 0;
     for (std::size_t at = 0; at < path.size(); ++at) {
-        const bool isEscape =
-            path[at] >= firstEscape && path[at] <= lastEscape && (at == runStart || !isHighSurrogate(path[at - 1]));
+        const bool isEscape = path[at] >= firstEscape && path[at] <= lastEscape &&
+                              (at == runStart || !isHighSurrogate(path[at - 1]));
         if (!isEscape)
             continue;
         bytes += toUtf8(path.substr(runStart, at - runStart));
@@ -43,10 +46,16 @@ std::filesystem::path nativePath(std::u16string_view path) {
     return bytes;
 }
 
-std::u16string pathText(const std::filesystem::path& path) { return textFromPathBytes(path.native()); }
+std::u16string pathText(const std::filesystem::path& path) {
+    return textFromPathBytes(path.native());
+}
 
 std::u16string textFromPathBytes(std::string_view bytes) {
     std::u16string text;
+    appendFromUtf8(bytes, text);
+    if (text.find(u'\uFFFD') == std::u16string::npos)
+        return text;
+    text.clear();
     while (!bytes.empty()) {
         if (const std::size_t length = validLength(bytes); length > 0) {
             appendFromUtf8(bytes.substr(0, length), text);

@@ -1,3 +1,4 @@
+// What can be told from a path without asking the operating system.
 #include "platform/native_path.h"
 
 namespace brindlewick {

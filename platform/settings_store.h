@@ -11,7 +11,8 @@ public:
     virtual ~SettingsStore() = default;
 
     /// The text stored under `key`, or `defaultText` when the key was never written.
-    virtual std::u16string GetSetting(std::u16string_view key, std::u16string_view defaultText = {}) const = 0;
+    virtual std::u16string GetSetting(std::u16string_view key,
+                                      std::u16string_view defaultText = {}) const = 0;
     /// Stores `value` at once. Fails when the store cannot be written.
     virtual void SaveSetting(std::u16string_view key, std::u16string_view value) = 0;
 };

@@ -1,3 +1,4 @@
+// The one place where an errno becomes a failure.
 #include "platform/system_failure.h"
 
 #include <cerrno>
@@ -13,7 +14,7 @@ void throwSystemFailure(int error, const std::filesystem::path& path) {
             throw Failure(FailureNumber::pathNotFound);
         throw Failure(FailureNumber::fileNotFound);
     }
-    if (error == ENAMETOOLONG || error == EINVAL || error == ELOOP)
+    if (error == ENAMETOOLONG)
         throw Failure(FailureNumber::fileNotFound);
     throwSystemFailure(error);
 }
@@ -26,7 +27,6 @@ void throwSystemFailure(int error) {
     case EISDIR:
         throw Failure(FailureNumber::permissionDenied);
     case ENOSPC:
-    case EFBIG:
 #ifdef EDQUOT
     case EDQUOT:
 #endif

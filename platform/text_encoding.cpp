@@ -1,9 +1,10 @@
+// Windows-1252 by tables, UTF-8 by runs of ASCII and one character at a time between them.
 #include "platform/text_encoding.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
-#include <vector>
 
 namespace brindlewick {
 
@@ -16,7 +17,7 @@ constexpr std::array<char16_t, 32> specials = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-constexpr std::array<char16_t, 256> makeTable() {
+consteval std::array<char16_t, 256> makeTable() {
     std::array<char16_t, 256> table{};
     for (std::size_t byte = 0; byte < table.size(); ++byte)
         table[byte] = static_cast<char16_t>(byte);
@@ -26,14 +27,17 @@ constexpr std::array<char16_t, 256> makeTable() {
 }
 
 constexpr char16_t replacement = u'\uFFFD';
-constexpr std::uint8_t noByte = 0; // of every unit but U+0000, which is its own byte
+constexpr char noByte = '?'; // of every unit that the set does not hold
 
-/// The byte of every code unit, noByte where there is none.
-const std::vector<std::uint8_t>& byteTable() {
-    static const std::vector<std::uint8_t> table = [] {
-        std::vector<std::uint8_t> bytes(65536, noByte);
+using ByteTable = std::array<char, 65536>;
+
+/// The byte of every code unit.
+const ByteTable& byteTable() noexcept {
+    static const ByteTable table = [] {
+        ByteTable bytes;
+        bytes.fill(noByte);
         for (std::size_t byte = 0; byte < 256; ++byte)
-            bytes[windows1252ToUtf16[byte]] = static_cast<std::uint8_t>(byte);
+            bytes[windows1252ToUtf16[byte]] = static_cast<char>(byte);
         return bytes;
     }();
     return table;
@@ -42,7 +46,8 @@ const std::vector<std::uint8_t>& byteTable() {
 /// How a UTF-8 sequence goes on after its first byte.
 struct Sequence {
     std::size_t continuationBytes;
-    unsigned char secondFrom; ///< the second byte's range: it keeps out overlong forms, surrogates and too large values
+    unsigned char
+        secondFrom; ///< the second byte's range: it keeps out overlong forms, surrogates and too large values
     unsigned char secondTo;
     std::uint32_t firstBits;
 };
@@ -103,7 +108,7 @@ std::size_t appendOne(std::string_view bytes, std::u16string& text) {
 
 } // namespace
 
-const std::array<char16_t, 256> windows1252ToUtf16 = makeTable();
+constinit const std::array<char16_t, 256> windows1252ToUtf16 = makeTable();
 
 void appendFromSingleByte(std::string_view bytes, std::u16string& text) {
     const std::size_t start = text.size();
@@ -115,17 +120,24 @@ void appendFromSingleByte(std::string_view bytes, std::u16string& text) {
 void appendAsSingleByte(std::u16string_view text, std::string& bytes) {
     const std::size_t start = bytes.size();
     bytes.resize(start + text.size());
-    std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(start), singleByteOf);
+    std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(start),
+                   [&table = byteTable()](char16_t unit) { return table[unit]; });
 }
 
-char singleByteOf(char16_t unit) noexcept { return hasSingleByte(unit) ? static_cast<char>(byteTable()[unit]) : '?'; }
+char singleByteOf(char16_t unit) noexcept {
+    return byteTable()[unit];
+}
 
-bool hasSingleByte(char16_t unit) noexcept { return unit == 0 || byteTable()[unit] != noByte; }
+bool hasSingleByte(char16_t unit) noexcept {
+    return unit == u'?' || byteTable()[unit] != noByte;
+}
 
 void appendFromUtf8(std::string_view bytes, std::u16string& text) {
     while (!bytes.empty()) {
         const std::size_t ascii = asciiRunLength(bytes);
-        text.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(ascii));
+        const std::size_t start = text.size();
+        text.resize(start + ascii);
+        std::copy_n(bytes.begin(), ascii, text.begin() + static_cast<std::ptrdiff_t>(start));
         bytes.remove_prefix(ascii);
         while (!bytes.empty() && static_cast<unsigned char>(bytes[0]) >= 0x80)
             bytes.remove_prefix(appendOne(bytes, text));

@@ -1,6 +1,7 @@
+// Text is encoded straight into one buffer, which goes to the file whenever it is full.
 #include "platform/text_file_writer.h"
 
-#include "platform/native_path.h"
+#include "platform/native_file.h"
 #include "platform/system_failure.h"
 #include "platform/text_encoding.h"
 
@@ -15,14 +16,6 @@ namespace {
 
 constexpr std::size_t bufferLength = std::size_t{1} << 18; // bytes
 
-std::FILE* create(const std::filesystem::path& path) {
-#ifdef _WIN32
-    return ::_wfopen(path.c_str(), L"wb");
-#else
-    return std::fopen(path.c_str(), "wbe");
-#endif
-}
-
 } // namespace
 
 struct TextFileWriter::State {
@@ -34,16 +27,24 @@ struct TextFileWriter::State {
         if (file != nullptr)
             std::fclose(file);
     }
+    bool takesText() const { return file != nullptr && !hasFailed; }
     /// Throws the first failure and forgets what could not be written.
     void flush() {
-        if (hasFailed)
-            return;
-        const std::size_t written = std::fwrite(buffer.data(), 1, buffer.size(), file);
-        const int error = errno;
-        hasFailed = written != buffer.size();
+        std::size_t written = 0;
+        int error = 0;
+        while (takesText() && written < buffer.size() && error == 0) {
+            errno = 0;
+            written += std::fwrite(buffer.data() + written, 1, buffer.size() - written, file);
+            if (written == buffer.size())
+                break;
+            error = errno == EINTR ? 0 : errno == 0 ? EIO : errno;
+            std::clearerr(file);
+        }
         buffer.clear();
-        if (hasFailed)
+        if (error != 0) {
+            hasFailed = true;
             throwSystemFailure(error);
+        }
     }
     void flushIfFull() {
         if (buffer.size() >= bufferLength)
@@ -52,12 +53,7 @@ struct TextFileWriter::State {
 };
 
 TextFileWriter::TextFileWriter(std::u16string_view path) : state_(std::make_unique<State>()) {
-    if (path.find(u'\0') != std::u16string_view::npos)
-        throw Failure(FailureNumber::fileNotFound);
-    const std::filesystem::path native = nativePath(path);
-    state_->file = create(native);
-    if (state_->file == nullptr)
-        throwSystemFailure(errno, native);
+    state_->file = createNativeFile(path);
     std::setvbuf(state_->file, nullptr, _IONBF, 0); // the buffer here is the only one
     state_->buffer.reserve(bufferLength * 2);
 }
@@ -65,13 +61,13 @@ TextFileWriter::TextFileWriter(std::u16string_view path) : state_(std::make_uniq
 TextFileWriter::~TextFileWriter() {
     try {
         close();
-    } catch (const Failure&) {
+    } catch (...) {
         // Whoever wants to know has called close().
     }
 }
 
 void TextFileWriter::write(std::u16string_view text) {
-    while (!text.empty() && !state_->hasFailed) {
+    while (!text.empty() && state_->takesText()) {
         const std::u16string_view part = text.substr(0, bufferLength);
         appendAsSingleByte(part, state_->buffer);
         text.remove_prefix(part.size());
@@ -80,7 +76,7 @@ void TextFileWriter::write(std::u16string_view text) {
 }
 
 void TextFileWriter::writeBlanks(std::size_t count) {
-    while (count > 0 && !state_->hasFailed) {
+    while (count > 0 && state_->takesText()) {
         const std::size_t part = std::min(count, bufferLength);
         state_->buffer.append(part, ' ');
         count -= part;
@@ -89,7 +85,7 @@ void TextFileWriter::writeBlanks(std::size_t count) {
 }
 
 void TextFileWriter::writeLineEnd() {
-    if (state_->hasFailed)
+    if (!state_->takesText())
         return;
     state_->buffer.append("\r\n");
     state_->flushIfFull();

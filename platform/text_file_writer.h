@@ -17,8 +17,8 @@ public:
     TextFileWriter(const TextFileWriter&) = delete;
     TextFileWriter& operator=(const TextFileWriter&) = delete;
 
-    /// Appends text, and blanks, to the line being written. Nothing is kept beyond a fixed buffer. The first failure to write
-    /// (diskFull, deviceIoError) is thrown once; from then on every operation does nothing.
+    /// Appends text, and blanks, to the line being written. Nothing is kept beyond a fixed buffer. The first
+    /// failure to write (diskFull, deviceIoError) is thrown once; from then on every operation does nothing.
     void write(std::u16string_view text);
     void writeBlanks(std::size_t count);
     void writeLineEnd();
