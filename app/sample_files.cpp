@@ -1,0 +1,100 @@
+// The record of the sample files, how it is scrambled, and the button that loads what it lists.
+#include "app/sample_files.h"
+
+#include "lists/busy.h"
+#include "lists/folder_scanner.h"
+#include "platform/error_report.h"
+#include "platform/files.h"
+#include "platform/native_path.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr std::u16string_view scramblingKey = u"brambles";
+constexpr std::u16string_view digits = u"0123456789abcdef";
+constexpr std::size_t digitsPerUnit = 4;
+constexpr char16_t recordSeparator = u'|';
+
+/// The key's letters take turns in the upper and the lower byte, so that both are changed.
+char16_t keyAt(std::size_t place) {
+    const unsigned letter = scramblingKey[place % scramblingKey.size()];
+    const unsigned next = scramblingKey[(place + 1) % scramblingKey.size()];
+    return static_cast<char16_t>(letter << 8 | next);
+}
+
+std::u16string samplesFolder(std::u16string_view programFolder) {
+    return std::u16string(programFolder) + pathSeparator + u"Samples";
+}
+
+} // namespace
+
+std::u16string scrambled(std::u16string_view text) {
+    std::u16string record;
+    record.reserve(text.size() * digitsPerUnit);
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const unsigned unit = text[place] ^ keyAt(place);
+        for (const unsigned shift : {12u, 8u, 4u, 0u})
+            record += digits[unit >> shift & 0xF];
+    }
+    return record;
+}
+
+std::u16string unscrambled(std::u16string_view text) {
+    if (text.size() % digitsPerUnit != 0 || text.find_first_not_of(digits) != std::u16string_view::npos)
+        return {};
+    std::u16string record;
+    record.reserve(text.size() / digitsPerUnit);
+    for (std::size_t place = 0; place < text.size() / digitsPerUnit; ++place) {
+        std::size_t unit = 0;
+        for (const char16_t digit : text.substr(place * digitsPerUnit, digitsPerUnit))
+            unit = unit << 4 | digits.find(digit);
+        record += static_cast<char16_t>(unit ^ keyAt(place));
+    }
+    return record;
+}
+
+SampleFiles::SampleFiles(UserInterface& user, SettingsStore& settings, TextList& inputFiles, TextList& tags,
+                         std::u16string programFolder, std::function<void()> selectMode2)
+    : user_(user), settings_(settings), inputFiles_(inputFiles), tags_(tags),
+      programFolder_(std::move(programFolder)), selectMode2_(std::move(selectMode2)) {}
+
+void SampleFiles::RecordSampleFiles() {
+    const std::u16string folder = samplesFolder(programFolder_);
+    std::u16string record;
+    for (const std::u16string& name : GetFilesInFolder(folder, u"*.*"))
+        record.append(folder).append(1, pathSeparator).append(name).append(1, recordSeparator);
+    if (!record.empty())
+        record.pop_back();
+    settings_.SaveSetting(u"Snapshot", scrambled(record));
+}
+
+void SampleFiles::LoadSampleFiles(TextList& list) {
+    const std::u16string record = unscrambled(settings_.GetSetting(u"Snapshot"));
+    for (std::size_t start = 0; start <= record.size();) {
+        const std::size_t end = std::min(record.find(recordSeparator, start), record.size());
+        std::u16string path = record.substr(start, end - start);
+        if (FileExists(path) && !ListContainsText(list, path))
+            list.append(std::move(path));
+        start = end + 1;
+    }
+    if (user_.askYesNo(
+            u"Would you like this software to open the folder where these sample files are stored (so "
+            u"that you can view them before working with them)?"))
+        user_.openFolder(samplesFolder(programFolder_) + pathSeparator);
+}
+
+void SampleFiles::PushButton13_Click() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton13_Click ");
+    guard([&] { selectMode2_(); });
+    guard([&] { tags_.append(u"name"); });
+    guard([&] { LoadSampleFiles(inputFiles_); });
+}
+
+} // namespace brindlewick
