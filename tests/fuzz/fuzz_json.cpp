@@ -1,0 +1,158 @@
+// Feeds the lenient JSON reader and both ways of writing lines.
+#include "core/fragment_line_reader.h"
+#include "core/json_parser.h"
+#include "core/json_serialiser.h"
+#include "fuzz/fuzz_driver.h"
+#include "platform/text_encoding.h"
+
+#include <memory>
+#include <optional>
+#include <variant>
+
+namespace brindlewick::fuzz {
+
+namespace {
+
+std::string_view blank(Random& random) {
+    return random.oneOf({"", "", "", " ", "\r\n", "\t", "/* a */", "// b\n", "(", ")", "/", "*"});
+}
+
+std::string_view text(Random& random) {
+    return random.oneOf({"\"name\"", "\"\"", "'it\"s'", "\"\\u00e9\\n\\/\\q\"", "\"\\ud83d\\ude00\"",
+                         "\"\\u1\"", "\"a,b:{c}[d]\"", "\"\xE9\xFF\"", "\"C:\\\\x\"", "\"unending"});
+}
+
+std::string_view plainValue(Random& random) {
+    return random.oneOf({"1",
+                         "-0.0",
+                         "1.50",
+                         "1.5e3",
+                         "2e-3",
+                         "1e28",
+                         "-1e-28",
+                         "79228162514264337593543950335",
+                         "79228162514264337593543950336",
+                         "0.00000000000000000000000000005",
+                         "1e999999999",
+                         "--",
+                         "true",
+                         "false",
+                         "null",
+                         "tru",
+                         "fals",
+                         "nul",
+                         "",
+                         "undefined"});
+}
+
+/// A value, with the brackets that are still to be closed kept in a list: no recursion here either.
+std::string document(Random& random) {
+    std::string bytes;
+    std::string closing;
+    for (std::size_t steps = 1 + random.below(40); steps > 0; --steps) {
+        bytes += blank(random);
+        if (closing.ends_with('}')) {
+            bytes += random.below(4) > 0 ? text(random) : random.oneOf({"key", "a b", "a'b", "", "\"k\""});
+            bytes += blank(random);
+            bytes += random.below(16) > 0 ? ":" : "";
+        }
+        switch (random.below(6)) {
+        case 0:
+            bytes += '{';
+            closing += '}';
+            break;
+        case 1:
+            bytes += '[';
+            closing += ']';
+            break;
+        case 2:
+            bytes += text(random);
+            break;
+        default:
+            bytes += plainValue(random);
+        }
+        while (!closing.empty() && random.below(3) == 0) {
+            bytes += closing.back();
+            closing.pop_back();
+        }
+        bytes += random.oneOf({",", ",", ",", " ", ""});
+    }
+    if (random.below(4) > 0)
+        bytes.append(closing.rbegin(), closing.rend());
+    return bytes + "\n";
+}
+
+void checkFragments(std::u16string_view text) {
+    // A unit grows most as the end of a number like 1e28, or as a bad boolean between two colons.
+    const std::size_t mostWritten = 20 * text.size() + 100;
+    JsonParser parser;
+    FragmentLineReader reader;
+    std::int32_t position = 1;
+    std::int32_t fastPosition = 1;
+    std::size_t written = 0;
+    for (;;) {
+        const std::int32_t start = position;
+        const std::optional<JsonValue> fragment = parser.parse(text, position);
+        check(reader.next(text, fastPosition) == fragment.has_value(), "both readers end together");
+        check(position == fastPosition, "both readers stop at the same place");
+        if (text.size() < 1000) // a line of the errors may quote the whole rest
+            (void)parser.parserErrors();
+        if (!fragment)
+            break;
+        check(position > start, "every fragment moves on");
+        check(static_cast<std::size_t>(position) <= text.size() + 2, "no fragment reads past the text");
+        const std::u16string line = serialize(*fragment);
+        check(line == reader.line(), "both ways write the same line");
+        check(line.find_first_of(u"\r\n\t") == std::u16string::npos, "a fragment is one line");
+        written += line.size();
+        check(written <= mostWritten, "the lines grow no faster than the text");
+    }
+}
+
+/// Any text survives being written as a string and read again.
+void checkStringThereAndBack(std::u16string_view text) {
+    std::u16string document = u"[\"";
+    document.append(encodeString(text)).append(u"\"]\n");
+    std::int32_t position = 1;
+    const std::optional<JsonValue> fragment = JsonParser().parse(document, position);
+    check(fragment.has_value(), "a written string is read again");
+    const auto* array = std::get_if<std::shared_ptr<JsonArray>>(&*fragment);
+    check(array != nullptr && (*array)->elements().size() == 1, "a written string is one element");
+    const auto* element = std::get_if<std::u16string>(&(*array)->elements()[0]);
+    check(element != nullptr && *element == text, "a string reads back as it was");
+}
+
+} // namespace
+
+std::string makeInput(Random& random) {
+    std::string bytes;
+    switch (random.below(64)) {
+    case 0:
+        bytes = repeated(random.oneOf({"[", "{", "{a:", "[{", "[[],", "{a:t", "{a:1 b:", "(/*", "\"\\"}),
+                         random.below(20000));
+        break;
+    case 1:
+        for (std::size_t length = random.below(200); length > 0; --length)
+            bytes += static_cast<char>(random.below(256));
+        break;
+    default:
+        bytes = document(random);
+    }
+    bend(bytes, 6, random);
+    return bytes;
+}
+
+void runOn(std::string_view input) {
+    std::u16string singleByte;
+    appendFromSingleByte(input, singleByte);
+    checkFragments(singleByte);
+    checkStringThereAndBack(singleByte);
+
+    std::u16string wide; // every code unit, lone surrogates too
+    for (std::size_t at = 0; at + 1 < input.size(); at += 2)
+        wide.push_back(static_cast<char16_t>(static_cast<unsigned char>(input[at]) |
+                                             (static_cast<unsigned char>(input[at + 1]) << 8)));
+    checkStringThereAndBack(wide);
+}
+
+} // namespace brindlewick::fuzz
