@@ -90,7 +90,8 @@ std::size_t appendOne(std::string_view bytes, std::u16string& text) {
     for (std::size_t at = 1; at <= sequence.continuationBytes; ++at) {
         const unsigned char from = at == 1 ? sequence.secondFrom : 0x80;
         const unsigned char to = at == 1 ? sequence.secondTo : 0xBF;
-        const auto byte = at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0;
+        const auto byte =
+            at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : static_cast<unsigned char>(0);
         if (byte < from || byte > to) {
             text.push_back(replacement);
             return at;
