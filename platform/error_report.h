@@ -5,7 +5,6 @@
 #include "platform/user_interface.h"
 
 #include <cstdint>
-#include <source_location> // names nothing where __cpp_lib_source_location is missing (Clang 14)
 #include <string>
 #include <string_view>
 #include <utility>
@@ -35,7 +34,8 @@ public:
     Guard(UserInterface& user, std::u16string_view location) noexcept : user_(user), location_(location) {}
 
     /// True when the step ended without a failure. No exception leaves the guard: an exhausted memory
-    /// is outOfMemory, any other foreign exception invalidProcedureCall. `line` is left to its default.
+    /// is outOfMemory, any other foreign exception invalidProcedureCall. `line` is left to its
+    /// default, the line of the call (std::source_location is missing from Clang 14).
     template <class Step>
     bool operator()(Step&& step, std::uint_least32_t line = __builtin_LINE()) const {
         try {
@@ -46,13 +46,6 @@ public:
             return false;
         }
     }
-#ifdef __cpp_lib_source_location
-    /// For a caller that was handed the place of the step.
-    template <class Step>
-    bool operator()(Step&& step, const std::source_location& where) const {
-        return (*this)(std::forward<Step>(step), where.line());
-    }
-#endif
 
 private:
     void reportCurrentException(std::uint_least32_t line) const noexcept;

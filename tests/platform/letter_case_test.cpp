@@ -54,19 +54,21 @@ TEST_P(Pattern, IsMatched) {
     EXPECT_EQ(matchesPattern(GetParam().name, GetParam().pattern), GetParam().matches);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Patterns, Pattern,
-    ::testing::Values(Case{u"", u"", true}, Case{u"a", u"", false}, Case{u"", u"*", true},
-                      Case{u"", u"?", false}, Case{u"a.json", u"*.json", true},
-                      Case{u"A.JSON", u"*.json", true}, Case{u"a.jsonl", u"*.json", false},
-                      Case{u".json", u"*.json", true}, Case{u"json", u"*.json", false},
-                      Case{u"README", u"*.*", true}, Case{u"", u"*.*", true}, Case{u"README", u"*.**", false},
-                      Case{u"README", u"*.?*", false}, Case{u"a.b", u"a*.*", true},
-                      Case{u"ab", u"a*.*", false}, Case{u"abc", u"a?c", true}, Case{u"ac", u"a?c", false},
-                      Case{u"abcabd", u"*abd", true}, Case{u"aab", u"*a?b", true},
-                      Case{u"ab", u"*a?b", false}, Case{u"xaybzc", u"*a*b*c", true},
-                      Case{u"xaybz", u"*a*b*c", false}, Case{u"ab", u"ab**", true}, Case{u"ÄB", u"ä?", true},
-                      Case{u"a[b", u"a[b", true}, Case{u"a.json", u"*.js*n.*", false}));
+INSTANTIATE_TEST_SUITE_P(Patterns, Pattern,
+                         ::testing::Values(Case{u"", u"", true}, Case{u"a", u"", false},
+                                           Case{u"", u"*", true}, Case{u"", u"?", false},
+                                           Case{u"a.json", u"*.json", true}, Case{u"A.JSON", u"*.json", true},
+                                           Case{u"a.jsonl", u"*.json", false},
+                                           Case{u".json", u"*.json", true}, Case{u"json", u"*.json", false},
+                                           Case{u"README", u"*.*", true}, Case{u"", u"*.*", true},
+                                           Case{u"README", u"*.**", false}, Case{u"README", u"*.?*", false},
+                                           Case{u"a.b", u"a*.*", true}, Case{u"ab", u"a*.*", false},
+                                           Case{u"abc", u"a?c", true}, Case{u"ac", u"a?c", false},
+                                           Case{u"abcabd", u"*abd", true}, Case{u"aab", u"*a?b", true},
+                                           Case{u"ab", u"*a?b", false}, Case{u"aab", u"*ab", true},
+                                           Case{u"xaybzc", u"*a*b*c", true}, Case{u"xaybz", u"*a*b*c", false},
+                                           Case{u"ab", u"ab**", true}, Case{u"ÄB", u"ä?", true},
+                                           Case{u"a[b", u"a[b", true}, Case{u"a.json", u"*.js*n.*", false}));
 
 TEST(Pattern, OfManyStarsEndsInTime) {
     std::u16string pattern;
