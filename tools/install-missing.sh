@@ -1,5 +1,6 @@
 # Sourced by ./run, ./test and .ci/run: what the program and its tests are built with, and how the Debian or
 # Ubuntu packages of it that are missing get installed. When all are there nothing asks the network.
+# shellcheck shell=bash disable=SC2034
 
 # What building and opening the window takes. libgl1-mesa-dev: Ubuntu's Qt does not bring it by itself.
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-liberation)
