@@ -17,7 +17,8 @@ std::u16string unscrambled(std::u16string_view text);
 
 class SampleFiles {
 public:
-    /// `programFolder` holds the "Samples" folder. `selectMode2` makes the window choose mode 2 as a user would.
+    /// `programFolder` holds the "Samples" folder. `selectMode2` makes the window choose mode 2 as a user
+    /// would.
     SampleFiles(UserInterface& user, SettingsStore& settings, TextList& inputFiles, TextList& tags,
                 std::u16string programFolder, std::function<void()> selectMode2);
 

@@ -33,6 +33,9 @@ public:
     /// fails.
     void setIncludeFilename(bool include);
 
+    /// No mode is selected; what is stored stays, so that a later version's mode survives this one.
+    void selectNone() noexcept { mode_ = ExtractionMode::none; }
+
 private:
     SettingsStore& settings_;
     ExtractionMode mode_ = ExtractionMode::valueAndTag;

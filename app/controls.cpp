@@ -1,0 +1,197 @@
+#include "app/controls.h"
+
+#include "app/qt_text.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QSplitter>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr const char* inputHint = "Drag and drop files here. Double-click item to remove it. Move | line to "
+                                  "right and out of window to reveal "
+                                  "full names.";
+constexpr const char* listHint = "Move | line to right and out of window to reveal full names.";
+
+template <class Control>
+Control* named(Control* control, const char* name) {
+    control->setObjectName(QString::fromLatin1(name));
+    return control;
+}
+
+template <class Control>
+Control* captioned(const char* name, const char* caption) {
+    return named(new Control(QString::fromLatin1(caption)), name);
+}
+
+/// A list with its buttons in a column beside it, and perhaps a label above.
+QWidget* listWithButtons(QWidget* label, QWidget* list, std::initializer_list<QPushButton*> buttons) {
+    auto* panel = new QWidget;
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    int row = 0;
+    if (label != nullptr)
+        grid->addWidget(label, row++, 0, 1, 2);
+    grid->addWidget(list, row, 0);
+    auto* column = new QVBoxLayout;
+    for (QPushButton* button : buttons)
+        column->addWidget(button);
+    column->addStretch(1);
+    grid->addLayout(column, row, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(row, 1);
+    return panel;
+}
+
+} // namespace
+
+Controls::Controls(TextList& inputFiles, ResultsModel& results)
+    : Frame1(captioned<QGroupBox>("Frame1", "Extract Options")),
+      Option4(captioned<QRadioButton>("Option4", "Extract all")),
+      Option1(captioned<QRadioButton>("Option1", "Extract value and tag")),
+      Option2(captioned<QRadioButton>("Option2", "Extract value without tag")),
+      Option3(captioned<QRadioButton>("Option3", "Extract entire line containing tag")),
+      PushButton15(captioned<QPushButton>("PushButton15", "")),
+      Frame2(captioned<QGroupBox>("Frame2", "Include Option")),
+      Check1(captioned<QCheckBox>("Check1", "Include filename in extraction results")),
+      PushButton2(captioned<QPushButton>("PushButton2", "Help")),
+      ListView1(named(new InputListView(inputFiles), "ListView1")), Text1x(named(new QLineEdit, "Text1x")),
+      ListView2(named(new ResultsView(results), "ListView2")),
+      PushButton1(captioned<QPushButton>("PushButton1", "Add JSON Files")),
+      PushButton5(captioned<QPushButton>("PushButton5", "Add All JSON Files In Folder")),
+      PushButton7(captioned<QPushButton>("PushButton7", "Start Extracting")),
+      PushButton6(captioned<QPushButton>("PushButton6", "Save Results As Text File")),
+      PushButton12(captioned<QPushButton>("PushButton12", "Save As Comma Delimited")),
+      PushButton11(captioned<QPushButton>("PushButton11", "Copy Results To Clipboard")),
+      PushButton9(captioned<QPushButton>("PushButton9", "\nClear List")),
+      PushButton13(captioned<QPushButton>("PushButton13", "Load Sample/Example Files")),
+      PushButton14(captioned<QPushButton>("PushButton14", "\nClear List")),
+      PushButton16(captioned<QPushButton>("PushButton16", "Load JSON Files From Text File")),
+      ListView3(named(new RowsView, "ListView3")),
+      PushButton3(captioned<QPushButton>("PushButton3", "\nAdd Tag")),
+      PushButton4(captioned<QPushButton>("PushButton4", "Load Tags From Text File")),
+      PushButton8(captioned<QPushButton>("PushButton8", "Delete Selected Tag")),
+      PushButton10(captioned<QPushButton>("PushButton10", "\nClear List")),
+      Label1(captioned<QLabel>("Label1", "Enter tag without < or / or > :")) {
+    Option1->setChecked(true);
+    Label1->setTextFormat(Qt::PlainText);
+    ListView1->setHint(QString::fromLatin1(inputHint));
+    ListView2->setHint(QString::fromLatin1(listHint));
+    ListView3->setHint(QString::fromLatin1(listHint));
+    PushButton15->setIcon(PushButton15->style()->standardIcon(QStyle::SP_MessageBoxQuestion));
+    PushButton7->setDefault(true);
+    nameForAssistiveTools();
+}
+
+std::array<std::u16string, 4> Controls::optionCaptions() const {
+    std::array<std::u16string, 4> captions;
+    for (std::size_t mode = 0; mode < captions.size(); ++mode)
+        captions[mode] = fromQString(options()[mode]->text());
+    return captions;
+}
+
+/// What a picture or a neighbour tells those who see has to be said to those who do not.
+void Controls::nameForAssistiveTools() {
+    const std::pair<QWidget*, const char*> names[] = {
+        {ListView1, "JSON files"},
+        {ListView2, "Results"},
+        {ListView3, "Tags"},
+        {PushButton15, "Explain the extraction modes"},
+        {PushButton3, "Add Tag"},
+        {PushButton9, "Clear the results"},
+        {PushButton10, "Clear the tags"},
+        {PushButton14, "Clear the JSON files"},
+    };
+    for (const auto& [control, name] : names)
+        control->setAccessibleName(QString::fromLatin1(name));
+    PushButton15->setToolTip(PushButton15->accessibleName());
+    for (RowsView* list : {static_cast<RowsView*>(ListView1), static_cast<RowsView*>(ListView2), ListView3})
+        list->setAccessibleDescription(list->toolTip());
+}
+
+void Controls::layOut(QWidget& window) {
+    QWidget* const files = listWithButtons(
+        nullptr, ListView1, {PushButton1, PushButton5, PushButton16, PushButton13, PushButton14});
+    QWidget* const tags =
+        listWithButtons(Label1, ListView3, {PushButton3, PushButton4, PushButton8, PushButton10});
+    auto* const lists = new QSplitter(Qt::Horizontal);
+    lists->addWidget(files);
+    lists->addWidget(tags);
+    lists->setStretchFactor(0, 3);
+    lists->setStretchFactor(1, 2);
+
+    auto* const modes = new QGridLayout(Frame1);
+    modes->addWidget(Option1, 0, 0);
+    modes->addWidget(Option2, 1, 0);
+    modes->addWidget(Option3, 0, 1);
+    modes->addWidget(Option4, 1, 1);
+    modes->addWidget(PushButton15, 0, 2, 2, 1, Qt::AlignVCenter);
+    modes->setColumnStretch(1, 1);
+
+    auto* const include = new QVBoxLayout(Frame2);
+    include->addWidget(Check1, 1);
+
+    auto* const options = new QWidget;
+    auto* const optionsRow = new QHBoxLayout(options);
+    optionsRow->setContentsMargins(0, 0, 0, 0);
+    optionsRow->addWidget(Frame1, 3);
+    optionsRow->addWidget(Frame2, 2);
+
+    auto* const above = new QWidget;
+    auto* const aboveColumn = new QVBoxLayout(above);
+    aboveColumn->setContentsMargins(0, 0, 0, 0);
+    aboveColumn->addWidget(lists, 1);
+    aboveColumn->addWidget(options);
+
+    auto* const below = new QWidget;
+    auto* const belowGrid = new QVBoxLayout(below);
+    belowGrid->setContentsMargins(0, 0, 0, 0);
+    auto* const startRow = new QHBoxLayout;
+    startRow->addWidget(PushButton7, 1);
+    startRow->addWidget(PushButton2);
+    belowGrid->addLayout(startRow);
+    belowGrid->addWidget(ListView2, 1);
+    auto* const saveRow = new QHBoxLayout;
+    for (QPushButton* button : {PushButton6, PushButton12, PushButton11})
+        saveRow->addWidget(button);
+    saveRow->addStretch(1);
+    saveRow->addWidget(PushButton9);
+    for (QPushButton* button : {PushButton6, PushButton12, PushButton11, PushButton9})
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    belowGrid->addLayout(saveRow);
+
+    auto* const all = new QSplitter(Qt::Vertical);
+    all->addWidget(above);
+    all->addWidget(below);
+    all->setStretchFactor(0, 2);
+    all->setStretchFactor(1, 3);
+    for (QSplitter* splitter : {lists, all})
+        splitter->setChildrenCollapsible(false);
+
+    auto* const column = new QVBoxLayout(&window);
+    column->addWidget(all);
+    Text1x->setParent(&window);
+    Text1x->hide();
+
+    QFont bold = PushButton7->font();
+    bold.setBold(true);
+    PushButton7->setFont(bold);
+    PushButton7->setMinimumHeight(PushButton7->sizeHint().height() * 5 / 4);
+    ListView2->setMinimumHeight(ListView2->fontMetrics().height() * 6);
+    setTabOrder();
+}
+
+void Controls::setTabOrder() {
+    QWidget* const order[] = {ListView1,   PushButton1, PushButton5, PushButton16, PushButton13, PushButton14,
+                              ListView3,   PushButton3, PushButton4, PushButton8,  PushButton10, Option1,
+                              Option2,     Option3,     Option4,     PushButton15, Check1,       PushButton7,
+                              PushButton2, ListView2,   PushButton6, PushButton12, PushButton11, PushButton9};
+    for (std::size_t at = 1; at < std::size(order); ++at)
+        QWidget::setTabOrder(order[at - 1], order[at]);
+}
+
+} // namespace brindlewick

@@ -1,0 +1,21 @@
+// Opens the main window.
+
+#include "app/main_window.h"
+#include "platform/files.h"
+#include "program_identity.h"
+
+#include <QApplication>
+#include <cstdlib>
+
+int main(int count, char** words) {
+    QApplication application(count, words);
+    QApplication::setApplicationVersion(QString::fromLatin1(brindlewick::programVersion));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(brindlewick::desktopId));
+
+    // Closing ends the process at once, from inside whatever event is being handled: an operation that lets
+    // events through must not go on without its window. All settings are on disk by then.
+    brindlewick::Form1 window(brindlewick::programFolder(), [] { std::_Exit(EXIT_SUCCESS); });
+    window.Form_Load();
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,186 @@
+#include "app/main_window.h"
+
+#include "lists/busy.h"
+#include "platform/error_report.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+#include <QStatusBar>
+#include <utility>
+
+namespace brindlewick {
+
+namespace {
+
+// Milliseconds: rows added outside of a run show up this soon.
+constexpr int catchUpInterval = 30;
+constexpr int deleteKeyCode = 46;
+constexpr QSize firstSize{1000, 720}; // pixels, at the first start
+
+/// Calls `pressed` when a key is pressed while the widget has the focus.
+class KeyWatcher : public QObject {
+public:
+    KeyWatcher(QWidget* watched, std::function<bool(const QKeyEvent&)> pressed)
+        : QObject(watched), pressed_(std::move(pressed)) {
+        watched->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::KeyPress && pressed_(*static_cast<QKeyEvent*>(event));
+    }
+
+private:
+    std::function<bool(const QKeyEvent&)> pressed_;
+};
+
+} // namespace
+
+Form1::Form1(std::u16string programFolder, std::function<void()> endProcess)
+    : programFolder_(std::move(programFolder)), endProcess_(std::move(endProcess)),
+      user_(*this, *statusBar()), samples_(user_, settings_, inputFiles_, tags_, programFolder_,
+                                           [this] { controls_.Option2->setChecked(true); }) {
+    setObjectName(QStringLiteral("Form1"));
+    QFont arial = font();
+    arial.setFamily(QStringLiteral("Arial"));
+    setFont(arial);
+    auto* const surface = new QWidget;
+    controls_.layOut(*surface);
+    setCentralWidget(surface);
+    controls_.ListView1->setModel(&inputModel_);
+    controls_.ListView3->setModel(&tagModel_);
+    resize(firstSize);
+
+    connectButtons();
+    connectOptions();
+    connectLists();
+    addShortcuts();
+    user_.setBeforeDispatch([this] { catchUp(); });
+    connect(&catchUpTimer_, &QTimer::timeout, this, [this] { catchUp(); });
+    catchUpTimer_.start(catchUpInterval);
+    hover_ = std::make_unique<HoverPointer>(*this, user_);
+}
+
+Form1::~Form1() {
+    catchUpTimer_.stop();
+    // The views go before the models that they show.
+    delete takeCentralWidget();
+}
+
+void Form1::connectButtons() {
+    const Controls& c = controls_;
+    onClick(c.PushButton1, [this] { inputHandlers_.PushButton1_Click(); });
+    onClick(c.PushButton5, [this] { inputHandlers_.PushButton5_Click(); });
+    onClick(c.PushButton16, [this] { inputHandlers_.PushButton16_Click(); });
+    onClick(c.PushButton14, [this] { inputHandlers_.PushButton14_Click(); });
+    onClick(c.PushButton13, [this] { samples_.PushButton13_Click(); });
+    onClick(c.PushButton3, [this] { tagHandlers_.PushButton3_Click(); });
+    onClick(c.PushButton4, [this] { tagHandlers_.PushButton4_Click(); });
+    onClick(c.PushButton8, [this] { tagHandlers_.PushButton8_Click(controls_.ListView3->selectedRow()); });
+    onClick(c.PushButton10, [this] { tagHandlers_.PushButton10_Click(); });
+    onClick(c.PushButton7, [this] { run_.PushButton7_Click(); });
+    onClick(c.PushButton6, [this] { outputHandlers_.PushButton6_Click(); });
+    onClick(c.PushButton12, [this] { outputHandlers_.PushButton12_Click(); });
+    onClick(c.PushButton11, [this] { outputHandlers_.PushButton11_Click(); });
+    onClick(c.PushButton9, [this] { outputHandlers_.PushButton9_Click(); });
+    onClick(c.PushButton15, [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); });
+    onClick(c.PushButton2, [this] { optionHandlers_.PushButton2_Click(); });
+}
+
+void Form1::connectOptions() {
+    const std::pair<QRadioButton*, void (OptionHandlers::*)()> handlers[] = {
+        {controls_.Option1, &OptionHandlers::Option1_Click},
+        {controls_.Option2, &OptionHandlers::Option2_Click},
+        {controls_.Option3, &OptionHandlers::Option3_Click},
+        {controls_.Option4, &OptionHandlers::Option4_Click},
+    };
+    for (const auto& [option, handler] : handlers) {
+        modes_.addButton(option);
+        connect(option, &QRadioButton::toggled, this, [this, handler = handler](bool selected) {
+            if (selected)
+                (optionHandlers_.*handler)();
+        });
+    }
+    connect(controls_.Check1, &QCheckBox::toggled, this,
+            [this](bool ticked) { optionHandlers_.Check1_Click(ticked); });
+}
+
+void Form1::connectLists() {
+    connect(controls_.ListView1, &QAbstractItemView::doubleClicked, this,
+            [this] { inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow()); });
+    controls_.ListView1->setDropHandler(
+        [this](const std::vector<std::u16string>& items) { inputHandlers_.ListView1_OLEDragDrop(items); });
+    new KeyWatcher(controls_.ListView1, [this](const QKeyEvent& key) {
+        if (key.key() == Qt::Key_Delete)
+            inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow());
+        return key.key() == Qt::Key_Delete;
+    });
+    new KeyWatcher(controls_.ListView3, [this](const QKeyEvent& key) {
+        if (key.key() == Qt::Key_Delete)
+            tagHandlers_.ListView3_KeyDown(deleteKeyCode, controls_.ListView3->selectedRow());
+        return key.key() == Qt::Key_Delete;
+    });
+    controls_.ListView2->setCopyHandler([this] { copySelectedRows(); });
+    connect(&resultsModel_, &QAbstractItemModel::modelReset, this, [this] {
+        QList<int> widths;
+        for (const TableColumn& column : results_.columns())
+            widths.append(column.widthInTwips);
+        controls_.ListView2->setWidthsInTwips(widths);
+    });
+}
+
+void Form1::addShortcuts() {
+    onShortcut(QKeySequence::Open, controls_.PushButton1);
+    onShortcut(QKeySequence::Save, controls_.PushButton6);
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), controls_.PushButton7);
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Enter), controls_.PushButton7);
+    onShortcut(QKeySequence(Qt::Key_F1), controls_.PushButton2);
+    connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
+            [this] { close(); });
+}
+
+void Form1::onClick(QPushButton* button, std::function<void()> handler) {
+    connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler)] {
+        if (isBusy(user_))
+            return;
+        // The handlers report their own failures; nothing that slips through may reach the event loop.
+        const Guard guard(user_, u"in Corvane2021/08/31.Form1.Click ");
+        guard(handler);
+        catchUp();
+    });
+}
+
+void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, button, [button] { button->click(); });
+}
+
+/// The selected rows as lines of cells with tabs between them.
+void Form1::copySelectedRows() {
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView2_KeyDown ");
+    guard([&] {
+        std::u16string text;
+        for (const auto& [first, last] : controls_.ListView2->selectedRanges()) {
+            for (int row = first; row <= last; ++row) {
+                for (std::size_t column = 0; column < results_.columns().size(); ++column)
+                    text.append(column > 0 ? u"\t" : u"")
+                        .append(results_.cell(static_cast<std::size_t>(row), column));
+                text.append(u"\r\n");
+                if (text.size() > longestText)
+                    throw Failure(FailureNumber::outOfMemory);
+            }
+        }
+        if (!text.empty())
+            user_.setClipboardText(text);
+    });
+}
+
+void Form1::catchUp() {
+    inputModel_.catchUp();
+    tagModel_.catchUp();
+    resultsModel_.catchUp();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+    Form_QueryUnload();
+    event->accept();
+}
+
+} // namespace brindlewick

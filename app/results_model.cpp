@@ -1,0 +1,94 @@
+#include "app/results_model.h"
+
+#include "app/display_text.h"
+#include "app/qt_text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace brindlewick {
+
+namespace {
+
+/// A view counts its rows in an int; those beyond are still saved and copied.
+int shownRows(const ResultsTable& table) {
+    return static_cast<int>(std::min<std::size_t>(table.rowCount(), std::numeric_limits<int>::max() / 2));
+}
+
+} // namespace
+
+ResultsModel::ResultsModel(ResultsTable& table, QObject* parent)
+    : QAbstractTableModel(parent), table_(table), shown_(shownRows(table)) {
+    table_.setListener(this);
+}
+
+ResultsModel::~ResultsModel() {
+    table_.setListener(nullptr);
+}
+
+void ResultsModel::catchUp() {
+    const int rows = shownRows(table_);
+    if (rows <= shown_)
+        return;
+    beginInsertRows({}, shown_, rows - 1);
+    shown_ = rows;
+    endInsertRows();
+}
+
+void ResultsModel::setChecked(int first, int last, bool checked) {
+    for (int row = first; row <= last; ++row)
+        table_.setChecked(static_cast<std::size_t>(row), checked);
+    emit dataChanged(index(first, 0), index(last, 0), {Qt::CheckStateRole});
+}
+
+int ResultsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : shown_;
+}
+
+int ResultsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(table_.columns().size());
+}
+
+QVariant ResultsModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    const auto row = static_cast<std::size_t>(index.row());
+    if (role == Qt::DisplayRole)
+        return displayText(table_.cell(row, static_cast<std::size_t>(index.column())));
+    if (role == Qt::CheckStateRole && index.column() == 0)
+        return table_.isChecked(row) ? Qt::Checked : Qt::Unchecked;
+    return {};
+}
+
+bool ResultsModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!index.isValid() || role != Qt::CheckStateRole || index.column() != 0)
+        return false;
+    setChecked(index.row(), index.row(), value.toInt() == Qt::Checked);
+    return true;
+}
+
+QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    if (role != Qt::DisplayRole)
+        return {};
+    return toQString(table_.columns()[static_cast<std::size_t>(section)].caption);
+}
+
+Qt::ItemFlags ResultsModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    return index.column() == 0 ? flags | Qt::ItemIsUserCheckable : flags;
+}
+
+void ResultsModel::tableWillBeReset() {
+    beginResetModel();
+}
+
+void ResultsModel::tableWasReset() {
+    shown_ = shownRows(table_);
+    endResetModel();
+}
+
+} // namespace brindlewick

@@ -1,0 +1,35 @@
+// Shows the results table, with a check box in every row.
+#pragma once
+
+#include "extract/results_table.h"
+
+#include <QAbstractTableModel>
+
+namespace brindlewick {
+
+/// Rows that a run has appended are shown at the next catchUp(), in one batch.
+class ResultsModel : public QAbstractTableModel, private ResultsTableListener {
+public:
+    explicit ResultsModel(ResultsTable& table, QObject* parent = nullptr);
+    ~ResultsModel() override;
+
+    void catchUp();
+    /// Ticks or unticks the rows from `first` to `last`.
+    void setChecked(int first, int last, bool checked);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    void tableWillBeReset() override;
+    void tableWasReset() override;
+
+    ResultsTable& table_;
+    int shown_ = 0;
+};
+
+} // namespace brindlewick

@@ -1,0 +1,46 @@
+#include "app/results_view.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <algorithm>
+
+namespace brindlewick {
+
+ResultsView::ResultsView(ResultsModel& model, QWidget* parent) : RowsView(parent), results_(model) {
+    setModel(&model);
+    setSelectionMode(ExtendedSelection);
+}
+
+QList<std::pair<int, int>> ResultsView::selectedRanges() const {
+    QList<std::pair<int, int>> ranges;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        ranges.emplace_back(range.top(), range.bottom());
+    std::sort(ranges.begin(), ranges.end());
+    return ranges;
+}
+
+void ResultsView::setWidthsInTwips(const QList<int>& twips) {
+    for (int column = 0; column < static_cast<int>(twips.size()); ++column)
+        setColumnWidthInTwips(column, twips[column]);
+}
+
+void ResultsView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+        toggleSelected();
+    else if (event->matches(QKeySequence::Copy) && copyHandler_)
+        copyHandler_();
+    else
+        RowsView::keyPressEvent(event);
+}
+
+/// All selected rows get what the current row has not.
+void ResultsView::toggleSelected() {
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        return;
+    const bool checked = current.siblingAtColumn(0).data(Qt::CheckStateRole).toInt() != Qt::Checked;
+    for (const auto& [first, last] : selectedRanges())
+        results_.setChecked(first, last, checked);
+}
+
+} // namespace brindlewick

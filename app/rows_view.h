@@ -1,0 +1,30 @@
+// The view behind all three lists: rows of equal height, a header, and a hint while there are no rows.
+#pragma once
+
+#include <QTableView>
+#include <cstddef>
+#include <optional>
+
+namespace brindlewick {
+
+class RowsView : public QTableView {
+public:
+    explicit RowsView(QWidget* parent = nullptr);
+
+    /// The tool tip, and the text shown while the list is empty.
+    void setHint(const QString& hint);
+    /// The row that a user would call the selected one.
+    std::optional<std::size_t> selectedRow() const;
+    void setColumnWidthInTwips(int column, int twips);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void fitRowsToFont();
+
+    QString hint_;
+};
+
+} // namespace brindlewick
