@@ -78,6 +78,8 @@ QVariant ResultsModel::headerData(int section, Qt::Orientation orientation, int 
 }
 
 Qt::ItemFlags ResultsModel::flags(const QModelIndex& index) const {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
     const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
     return index.column() == 0 ? flags | Qt::ItemIsUserCheckable : flags;
 }

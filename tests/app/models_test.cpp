@@ -1,0 +1,83 @@
+#include "app/display_text.h"
+#include "app/results_model.h"
+#include "app/results_view.h"
+#include "app/text_list_model.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace brindlewick {
+namespace {
+
+TEST(DisplayText, ShowsTheBeginningOnOneLine) {
+    EXPECT_EQ(displayText(u"a\r\nb\tc").toStdString(), "a  b c");
+    const QString shown = displayText(std::u16string(100'000'000, u'x'));
+    EXPECT_LT(shown.size(), 1000);
+    EXPECT_TRUE(shown.endsWith(QChar(0x2026)));
+    EXPECT_FALSE(displayText(std::u16string(499, u'x') + u"\U0001F600 and more").at(499).isSurrogate());
+}
+
+TEST(TextListModel, FollowsItsList) {
+    TextList list;
+    TextListModel model(list);
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    for (const char16_t* text : {u"a", u"b", u"c"})
+        list.append(text);
+    EXPECT_EQ(model.rowCount(), 0); // until the next batch
+    model.catchUp();
+    EXPECT_EQ(model.rowCount(), 3);
+    list.append(u"d");
+    list.removeAt(1); // the rest of the batch comes first
+    EXPECT_EQ(model.rowCount(), 3);
+    list.exchange(0, 2);
+    EXPECT_EQ(model.index(0, 0).data().toString().toStdString(), "d");
+    list.clear();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST(ResultsModel, FollowsItsTable) {
+    ResultsTable table;
+    ResultsModel model(table);
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    table.setColumns(true);
+    table.beginFile(u"f.json");
+    for (int row = 0; row < 3; ++row)
+        table.appendRow(table.store(u"text"), true);
+    model.catchUp();
+    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(model.columnCount(), 2);
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString().toStdString(), "Results");
+    EXPECT_EQ(model.index(2, 0).data().toString().toStdString(), "f.json");
+    EXPECT_EQ(model.index(2, 0).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_TRUE(model.setData(model.index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
+    EXPECT_FALSE(table.isChecked(1));
+    table.truncateRows(1);
+    EXPECT_EQ(model.rowCount(), 1);
+    table.clearAll();
+    EXPECT_EQ(model.columnCount(), 0);
+}
+
+TEST(ResultsView, TicksAllSelectedRowsWithSpace) {
+    ResultsTable table;
+    table.setColumns(false);
+    table.beginFile(u"f");
+    for (int row = 0; row < 10; ++row)
+        table.appendRow(table.store(u"text"), false);
+    table.setChecked(3, false);
+    ResultsModel model(table);
+    ResultsView view(model);
+    view.setCurrentIndex(model.index(2, 0));
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Space); // the current row, 4, is ticked
+    for (const std::size_t row : {2U, 3U, 4U})
+        EXPECT_FALSE(table.isChecked(row));
+    QTest::keyClick(&view, Qt::Key_Space);
+    for (const std::size_t row : {2U, 3U, 4U})
+        EXPECT_TRUE(table.isChecked(row));
+    EXPECT_TRUE(table.isChecked(5));
+}
+
+} // namespace
+} // namespace brindlewick
