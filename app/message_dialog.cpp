@@ -25,6 +25,7 @@ constexpr std::size_t longestShown = 65536;
 constexpr int mostLines = 25;
 constexpr qsizetype mostUnits = 2000;
 constexpr int longestWord = 100;
+constexpr int widestText = 640; // pixels; longer lines are wrapped
 
 bool fitsBox(const QString& lines) {
     if (lines.size() > mostUnits)
@@ -54,9 +55,12 @@ bool showBox(QWidget& parent, const QString& title, const QString& lines, Messag
     } else {
         box.setStandardButtons(QMessageBox::Ok);
     }
-    // A box as narrow as "Done." would show no title: room for it, the window's icon and its buttons.
-    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
-        label->setMinimumWidth(box.fontMetrics().horizontalAdvance(title) + 130);
+    // A box as narrow as "Done." would show no title: room for it, the window's icon and its buttons. Lines
+    // that are longer keep the room that they need.
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+        const int titleWidth = box.fontMetrics().horizontalAdvance(title) + 130;
+        label->setMinimumWidth(std::max(titleWidth, std::min(label->sizeHint().width(), widestText)));
+    }
     const int answer = box.exec();
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }

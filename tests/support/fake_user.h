@@ -26,7 +26,7 @@ public:
     std::vector<PointerShape> pointerShapes;
     std::size_t yields = 0;
 
-    std::deque<bool> yesNoAnswers; ///< an empty queue answers No
+    std::deque<bool> yesNoAnswers;          ///< an empty queue answers No
     std::deque<std::u16string> textAnswers; ///< an empty queue cancels; so for the next three
     std::deque<std::u16string> filesToOpen;
     std::deque<std::u16string> filesToSave;
