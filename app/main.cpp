@@ -5,12 +5,16 @@
 #include "program_identity.h"
 
 #include <QApplication>
+#include <QFont>
 #include <cstdlib>
 
 int main(int count, char** words) {
     QApplication application(count, words);
     QApplication::setApplicationVersion(QString::fromLatin1(brindlewick::programVersion));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(brindlewick::desktopId));
+    QFont font = QApplication::font();
+    font.setFamily(QStringLiteral("Arial")); // message boxes included
+    QApplication::setFont(font);
 
     // Closing ends the process at once, from inside whatever event is being handled: an operation that lets
     // events through must not go on without its window. All settings are on disk by then.

@@ -2,6 +2,8 @@
 //
 //     extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- FILE...
 
+#include "unattended.h"
+
 #include "extract/extraction_run.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
@@ -45,47 +47,6 @@ struct Arguments {
     bool countOnly = false;
     std::vector<std::u16string> tags;
     std::vector<std::u16string> files;
-};
-
-/// A user who answers nothing: failures go to standard error, one line each.
-class UnattendedUser : public UserInterface {
-public:
-    void showMessage(std::u16string_view) override {}
-    void showApplicationError(std::u16string_view text) override {
-        std::string line;
-        for (const char unit : toUtf8(text)) {
-            const bool isBreak = unit == '\r' || unit == '\n';
-            if (!isBreak)
-                line.push_back(unit);
-            else if (!line.empty() && line.back() != ' ')
-                line.push_back(' ');
-        }
-        std::fprintf(stderr, "%s\n", line.c_str());
-    }
-    bool askYesNo(std::u16string_view) override { return false; }
-    std::u16string askText(std::u16string_view, std::u16string_view) override { return {}; }
-    std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
-    std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
-    std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }
-    void setPointer(PointerShape shape) override { pointer_ = shape; }
-    PointerShape pointer() const override { return pointer_; }
-    void yield() override {}
-    void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
-    void endProgress(std::u16string_view) override {}
-    void setClipboardText(std::u16string_view) override {}
-    void openFolder(std::u16string_view) override {}
-
-private:
-    PointerShape pointer_ = PointerShape::standard;
-};
-
-/// Settings that last as long as the process.
-class ForgetfulSettings : public SettingsStore {
-public:
-    std::u16string GetSetting(std::u16string_view, std::u16string_view defaultText) const override {
-        return std::u16string(defaultText);
-    }
-    void SaveSetting(std::u16string_view, std::u16string_view) override {}
 };
 
 bool appendTagsFile(const char* path, std::vector<std::u16string>& tags) {
