@@ -133,6 +133,7 @@ void Form1::addShortcuts() {
     onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), controls_.PushButton7);
     onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Enter), controls_.PushButton7);
     onShortcut(QKeySequence(Qt::Key_F1), controls_.PushButton2);
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { restoreTaken(); });
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
             [this] { close(); });
 }
@@ -150,6 +151,21 @@ void Form1::onClick(QPushButton* button, std::function<void()> handler) {
 
 void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
     connect(new QShortcut(keys, this), &QShortcut::activated, button, [button] { button->click(); });
+}
+
+/// What the last removal took comes back: to the list that has the focus if it lacks something, else to the
+/// other.
+void Form1::restoreTaken() {
+    if (isBusy(user_))
+        return;
+    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Form_KeyDown ");
+    guard([&] {
+        const bool tagsFirst = controls_.ListView3->hasFocus();
+        TextList& first = tagsFirst ? tags_ : inputFiles_;
+        TextList& second = tagsFirst ? inputFiles_ : tags_;
+        if (!first.restoreTaken())
+            second.restoreTaken();
+    });
 }
 
 /// The selected rows as lines of cells with tabs between them.

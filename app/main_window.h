@@ -56,6 +56,7 @@ private:
     void onClick(QPushButton* button, std::function<void()> handler);
     void onShortcut(const QKeySequence& keys, QPushButton* button);
     void copySelectedRows();
+    void restoreTaken();
     void catchUp();
 
     // Start-up, step by step.

@@ -4,6 +4,8 @@
 #include "platform/failure.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace brindlewick {
 
@@ -12,22 +14,44 @@ void TextList::removeAt(std::size_t row) {
         throw Failure(FailureNumber::subscriptOutOfRange);
     if (listener_)
         listener_->rowWillBeRemoved(row);
+    taken_ = Taken{{std::move(texts_[row])}, row};
     texts_.erase(texts_.begin() + static_cast<std::ptrdiff_t>(row));
     if (listener_)
         listener_->rowWasRemoved(row);
 }
 
 void TextList::clear() {
+    if (texts_.empty())
+        return;
     if (listener_)
         listener_->listWillBeReset();
-    texts_ = {};
+    taken_ = Taken{std::exchange(texts_, {}), 0};
     if (listener_)
         listener_->listWasReset();
+}
+
+bool TextList::restoreTaken() {
+    if (!taken_)
+        return false;
+    if (listener_)
+        listener_->listWillBeReset();
+    Taken taken = std::move(*taken_);
+    taken_.reset();
+    if (texts_.empty())
+        texts_ = std::move(taken.texts);
+    else
+        texts_.insert(texts_.begin() + static_cast<std::ptrdiff_t>(taken.row),
+                      std::make_move_iterator(taken.texts.begin()),
+                      std::make_move_iterator(taken.texts.end()));
+    if (listener_)
+        listener_->listWasReset();
+    return true;
 }
 
 void TextList::exchange(std::size_t first, std::size_t second) {
     if (std::max(first, second) >= texts_.size())
         throw Failure(FailureNumber::subscriptOutOfRange);
+    taken_.reset();
     std::swap(texts_[first], texts_[second]);
     if (listener_) {
         listener_->rowWasChanged(first);

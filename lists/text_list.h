@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -33,9 +34,15 @@ public:
     auto begin() const noexcept { return texts_.begin(); }
     auto end() const noexcept { return texts_.end(); }
 
-    void append(std::u16string text) { texts_.push_back(std::move(text)); }
+    void append(std::u16string text) {
+        taken_.reset();
+        texts_.push_back(std::move(text));
+    }
     void removeAt(std::size_t row);
     void clear();
+    /// Puts back what the last change took from the list, where it was; false when the last change took
+    /// nothing. Costs no copy of a cleared list, however large.
+    bool restoreTaken();
     /// Exchanges the texts of two rows; the rows stay where they are.
     void exchange(std::size_t first, std::size_t second);
 
@@ -43,7 +50,13 @@ public:
     void setListener(TextListListener* listener) noexcept { listener_ = listener; }
 
 private:
+    struct Taken {
+        std::vector<std::u16string> texts;
+        std::size_t row;
+    };
+
     std::vector<std::u16string> texts_;
+    std::optional<Taken> taken_; ///< by the last change
     TextListListener* listener_ = nullptr;
 };
 

@@ -213,6 +213,21 @@ TEST_F(MainWindow, RemovesEntriesByKeyButtonAndDoubleClick) {
     EXPECT_EQ(window->tags().size(), 2U);
 }
 
+TEST_F(MainWindow, GivesBackWithCtrlZWhatAClearTook) {
+    const auto window = open();
+    QApplication::setActiveWindow(window.get());
+    window->tags().append(u"x");
+    window->inputFiles().append(u"y");
+    window->controls().PushButton10->click();
+    window->controls().PushButton14->click();
+    window->controls().ListView3->setFocus();
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->tags().size(), 1U);
+    EXPECT_EQ(window->inputFiles().size(), 0U);
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(window->inputFiles().size(), 1U);
+}
+
 TEST_F(MainWindow, TakesDroppedFilesAndNothingElse) {
     const auto window = open();
     QMimeData files;

@@ -53,6 +53,26 @@ TEST(TextList, TellsTheListenerBeforeAndAfterEachChange) {
     EXPECT_EQ(diary.notes.size(), 6u);
 }
 
+TEST(TextList, GivesBackWhatTheLastChangeTook) {
+    TextList list = listOf({u"a", u"b", u"c"});
+    EXPECT_FALSE(list.restoreTaken());
+    list.removeAt(1);
+    EXPECT_TRUE(list.restoreTaken());
+    EXPECT_EQ(list.texts(), (Texts{u"a", u"b", u"c"}));
+    EXPECT_FALSE(list.restoreTaken()); // once
+    list.clear();
+    list.clear(); // takes nothing, so changes nothing
+    EXPECT_TRUE(list.restoreTaken());
+    EXPECT_EQ(list.texts(), (Texts{u"a", u"b", u"c"}));
+    list.removeAt(0);
+    list.append(u"d");
+    EXPECT_FALSE(list.restoreTaken());
+    list.removeAt(0);
+    list.exchange(0, 1);
+    EXPECT_FALSE(list.restoreTaken());
+    EXPECT_EQ(list.texts(), (Texts{u"d", u"c"}));
+}
+
 TEST(TextList, RowsThatAreNotThereChangeNothing) {
     TextList list = listOf({u"a", u"b"});
     Diary diary(list);
