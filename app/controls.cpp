@@ -55,27 +55,27 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
       Option1(captioned<QRadioButton>("Option1", "Extract value and tag")),
       Option2(captioned<QRadioButton>("Option2", "Extract value without tag")),
       Option3(captioned<QRadioButton>("Option3", "Extract entire line containing tag")),
-      PushButton15(captioned<QPushButton>("PushButton15", "")),
+      PushButton15(captioned<CaptionButton>("PushButton15", "")),
       Frame2(captioned<QGroupBox>("Frame2", "Include Option")),
       Check1(captioned<QCheckBox>("Check1", "Include filename in extraction results")),
-      PushButton2(captioned<QPushButton>("PushButton2", "Help")),
+      PushButton2(captioned<CaptionButton>("PushButton2", "Help")),
       ListView1(named(new InputListView(inputFiles), "ListView1")), Text1x(named(new QLineEdit, "Text1x")),
       ListView2(named(new ResultsView(results), "ListView2")),
-      PushButton1(captioned<QPushButton>("PushButton1", "Add JSON Files")),
-      PushButton5(captioned<QPushButton>("PushButton5", "Add All JSON Files In Folder")),
-      PushButton7(captioned<QPushButton>("PushButton7", "Start Extracting")),
-      PushButton6(captioned<QPushButton>("PushButton6", "Save Results As Text File")),
-      PushButton12(captioned<QPushButton>("PushButton12", "Save As Comma Delimited")),
-      PushButton11(captioned<QPushButton>("PushButton11", "Copy Results To Clipboard")),
-      PushButton9(captioned<QPushButton>("PushButton9", "\nClear List")),
-      PushButton13(captioned<QPushButton>("PushButton13", "Load Sample/Example Files")),
-      PushButton14(captioned<QPushButton>("PushButton14", "\nClear List")),
-      PushButton16(captioned<QPushButton>("PushButton16", "Load JSON Files From Text File")),
+      PushButton1(captioned<CaptionButton>("PushButton1", "Add JSON Files")),
+      PushButton5(captioned<CaptionButton>("PushButton5", "Add All JSON Files In Folder")),
+      PushButton7(captioned<CaptionButton>("PushButton7", "Start Extracting")),
+      PushButton6(captioned<CaptionButton>("PushButton6", "Save Results As Text File")),
+      PushButton12(captioned<CaptionButton>("PushButton12", "Save As Comma Delimited")),
+      PushButton11(captioned<CaptionButton>("PushButton11", "Copy Results To Clipboard")),
+      PushButton9(captioned<CaptionButton>("PushButton9", "\nClear List")),
+      PushButton13(captioned<CaptionButton>("PushButton13", "Load Sample/Example Files")),
+      PushButton14(captioned<CaptionButton>("PushButton14", "\nClear List")),
+      PushButton16(captioned<CaptionButton>("PushButton16", "Load JSON Files From Text File")),
       ListView3(named(new RowsView, "ListView3")),
-      PushButton3(captioned<QPushButton>("PushButton3", "\nAdd Tag")),
-      PushButton4(captioned<QPushButton>("PushButton4", "Load Tags From Text File")),
-      PushButton8(captioned<QPushButton>("PushButton8", "Delete Selected Tag")),
-      PushButton10(captioned<QPushButton>("PushButton10", "\nClear List")),
+      PushButton3(captioned<CaptionButton>("PushButton3", "\nAdd Tag")),
+      PushButton4(captioned<CaptionButton>("PushButton4", "Load Tags From Text File")),
+      PushButton8(captioned<CaptionButton>("PushButton8", "Delete Selected Tag")),
+      PushButton10(captioned<CaptionButton>("PushButton10", "\nClear List")),
       Label1(captioned<QLabel>("Label1", "Enter tag without < or / or > :")) {
     Option1->setChecked(true);
     Label1->setTextFormat(Qt::PlainText);
@@ -83,7 +83,7 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
     ListView2->setHint(QString::fromLatin1(listHint));
     ListView3->setHint(QString::fromLatin1(listHint));
     PushButton15->setIcon(PushButton15->style()->standardIcon(QStyle::SP_MessageBoxQuestion));
-    PushButton7->setDefault(true);
+    PushButton7->makePrimary();
     nameForAssistiveTools();
 }
 
@@ -160,28 +160,24 @@ void Controls::layOut(QWidget& window) {
         saveRow->addWidget(button);
     saveRow->addStretch(1);
     saveRow->addWidget(PushButton9);
-    for (QPushButton* button : {PushButton6, PushButton12, PushButton11, PushButton9})
-        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     belowGrid->addLayout(saveRow);
 
     auto* const all = new QSplitter(Qt::Vertical);
     all->addWidget(above);
     all->addWidget(below);
-    all->setStretchFactor(0, 2);
+    all->setStretchFactor(0, 1);
     all->setStretchFactor(1, 3);
-    for (QSplitter* splitter : {lists, all})
+    // The dividers are as wide as the gaps between controls, so that one grid runs through the window.
+    for (QSplitter* splitter : {lists, all}) {
         splitter->setChildrenCollapsible(false);
+        splitter->setHandleWidth(window.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
+    }
 
     auto* const column = new QVBoxLayout(&window);
     column->addWidget(all);
     Text1x->setParent(&window);
     Text1x->hide();
 
-    QFont bold = PushButton7->font();
-    bold.setBold(true);
-    PushButton7->setFont(bold);
-    PushButton7->setMinimumHeight(PushButton7->sizeHint().height() * 5 / 4);
-    ListView2->setMinimumHeight(ListView2->fontMetrics().height() * 6);
     setTabOrder();
 }
 

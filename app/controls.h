@@ -1,6 +1,7 @@
 // The main window's controls under their names, and how they are laid out.
 #pragma once
 
+#include "app/caption_button.h"
 #include "app/input_list_view.h"
 #include "app/results_view.h"
 #include "app/rows_view.h"
@@ -9,7 +10,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 #include <array>
 
@@ -24,28 +24,28 @@ struct Controls {
     QRadioButton* Option1;
     QRadioButton* Option2;
     QRadioButton* Option3;
-    QPushButton* PushButton15;
+    CaptionButton* PushButton15;
     QGroupBox* Frame2;
     QCheckBox* Check1;
-    QPushButton* PushButton2;
+    CaptionButton* PushButton2;
     InputListView* ListView1;
     QLineEdit* Text1x; ///< used by nothing, and hidden
     ResultsView* ListView2;
-    QPushButton* PushButton1;
-    QPushButton* PushButton5;
-    QPushButton* PushButton7;
-    QPushButton* PushButton6;
-    QPushButton* PushButton12;
-    QPushButton* PushButton11;
-    QPushButton* PushButton9;
-    QPushButton* PushButton13;
-    QPushButton* PushButton14;
-    QPushButton* PushButton16;
+    CaptionButton* PushButton1;
+    CaptionButton* PushButton5;
+    CaptionButton* PushButton7;
+    CaptionButton* PushButton6;
+    CaptionButton* PushButton12;
+    CaptionButton* PushButton11;
+    CaptionButton* PushButton9;
+    CaptionButton* PushButton13;
+    CaptionButton* PushButton14;
+    CaptionButton* PushButton16;
     RowsView* ListView3;
-    QPushButton* PushButton3;
-    QPushButton* PushButton4;
-    QPushButton* PushButton8;
-    QPushButton* PushButton10;
+    CaptionButton* PushButton3;
+    CaptionButton* PushButton4;
+    CaptionButton* PushButton8;
+    CaptionButton* PushButton10;
     QLabel* Label1;
 
     /// The mode buttons, mode 1 first.

@@ -9,6 +9,9 @@ namespace brindlewick {
 namespace {
 
 constexpr int twipsPerInch = 1440;
+constexpr float hintOpacity = 0.6F;
+constexpr int fewestCharacters = 16; ///< that a list has room for, on average
+constexpr int fewestRows = 4;
 
 } // namespace
 
@@ -28,7 +31,7 @@ RowsView::RowsView(QWidget* parent) : QTableView(parent) {
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setStretchLastSection(true);
-    fitRowsToFont();
+    fitToFont();
 }
 
 void RowsView::setHint(const QString& hint) {
@@ -52,22 +55,29 @@ void RowsView::paintEvent(QPaintEvent* event) {
     if (model() == nullptr || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    // Not the palette's own colour for this: a desktop's dark colours do not always set it.
+    QColor faint = palette().color(QPalette::Text);
+    faint.setAlphaF(hintOpacity);
+    painter.setPen(faint);
     const int margin = fontMetrics().height();
-    painter.drawText(viewport()->rect().adjusted(margin, margin / 2, -margin, -margin / 2),
-                     Qt::AlignCenter | Qt::TextWordWrap, hint_);
+    const QRect room = viewport()->rect().adjusted(margin, margin / 2, -margin, -margin / 2);
+    const int height = painter.boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, hint_).height();
+    // In too small a list the beginning is what stays to be read.
+    const Qt::Alignment vertical = height > room.height() ? Qt::AlignTop : Qt::AlignVCenter;
+    painter.drawText(room, static_cast<int>(Qt::AlignHCenter | vertical) | Qt::TextWordWrap, hint_);
 }
 
 void RowsView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        fitRowsToFont();
+        fitToFont();
 }
 
-void RowsView::fitRowsToFont() {
+void RowsView::fitToFont() {
     const int height = fontMetrics().height() * 3 / 2;
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);
+    setMinimumSize(fontMetrics().averageCharWidth() * fewestCharacters, height * (fewestRows + 1));
 }
 
 } // namespace brindlewick

@@ -22,7 +22,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void fitRowsToFont();
+    void fitToFont();
 
     QString hint_;
 };

@@ -1,0 +1,33 @@
+#include "app/caption_button.h"
+
+#include <QStyle>
+#include <QStyleOptionButton>
+
+namespace brindlewick {
+
+void CaptionButton::makePrimary() {
+    isPrimary_ = true;
+    QFont bold; // with nothing else set, family and size still follow the window's
+    bold.setBold(true);
+    setFont(bold);
+    setDefault(true);
+}
+
+QSize CaptionButton::sizeHint() const {
+    ensurePolished();
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const int line = fontMetrics().height();
+    QSize contents(iconSize().width(), line);
+    if (!option.text.isEmpty())
+        contents = fontMetrics().size(Qt::TextShowMnemonic, option.text) + QSize(line, 0);
+    contents.rheight() += isPrimary_ ? line / 2 : line / 5;
+    return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
+}
+
+void CaptionButton::initStyleOption(QStyleOptionButton* option) const {
+    QPushButton::initStyleOption(option);
+    option->text = option->text.trimmed();
+}
+
+} // namespace brindlewick
