@@ -2,7 +2,8 @@
 #pragma once
 
 #include "core/key_index.h"
-#include "core/line_buffer.h"
+#include "core/line_batch.h"
+#include "core/unit_buffer.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,16 +12,36 @@
 
 namespace brindlewick {
 
+/// What became of a fragment.
+enum class FragmentReading {
+    line,      ///< its line is the batch's last
+    end,       ///< there is none: no text is left
+    needsText, ///< how it goes on lies behind the text at hand
+    tooLong,   ///< its line would be longer than `longestText`; it is passed over
+};
+
 /// Gives, fragment by fragment, the same lines and the same positions as JsonParser::parse followed by
 /// serialize, which stay the readable statement of the rules. It keeps no error texts.
 class FragmentLineReader {
 public:
-    /// Reads the next fragment at `position` (1-based, in and out). False when no text is left. Fails with
-    /// outOfMemory when the line would be longer than `longestText`; the position is then behind the
-    /// fragment. Linear in the text passed over.
-    bool next(std::u16string_view text, std::int32_t& position);
-    /// The line of the fragment read last; valid until the next call.
-    std::u16string_view line() const noexcept { return line_.view(); }
+    FragmentLineReader();
+
+    /// Forgets the lines read so far.
+    void startBatch() noexcept;
+    /// Reads the fragment at `position` (1-based, in and out) and adds its line to the batch. Unless
+    /// `isWhole`, more text follows the one at hand: a fragment that comes near its end is put back, to be
+    /// read again with more text. A batch longer than 2^20 code units is forgotten first. Linear in the text
+    /// passed over.
+    FragmentReading next(std::u16string_view text, std::int32_t& position, bool isWhole = true);
+    /// The same for one fragment after another, until the batch has `batchLength` code units or one gives no
+    /// line; tells what became of the last.
+    FragmentReading readBatch(std::u16string_view text, std::int32_t& position, bool isWhole,
+                              std::size_t batchLength);
+
+    /// Valid until the next call.
+    LineBatch batch() const noexcept { return {lines_.view(), ends_}; }
+    /// The line read last.
+    std::u16string_view line() const { return lines_.view().substr(lineStart_); }
 
 private:
     /// A key as it stands in the line.
@@ -29,25 +50,42 @@ private:
         std::size_t length;
     };
 
+    /// How far readFirstMember came.
+    enum class FirstMember {
+        unknown, ///< nowhere
+        keyRead, ///< up to the value
+        alone,   ///< to the object's end
+    };
+
+    FragmentReading readFragment();
     void skipIgnorable();
+    void skipIgnorableRun();
     void skipComments();
     void readObject();
+    FirstMember readFirstMember();
+    void readMembers(std::size_t objectStart, FirstMember firstMember);
     void readArray();
     bool readValue();
+    template <char16_t quote>
     void readString();
     void readEscape();
     bool readNumber();
-    bool readWord(std::u16string_view word);
+    template <std::size_t size>
+    bool readWord(const char16_t (&word)[size]);
     void readKey();
+    bool readPlainKey();
     void putEncoded(char16_t unit);
 
     bool atEnd() const noexcept { return at_ >= text_.size(); }
+    bool hasBlock(std::size_t at) const noexcept;
     char16_t unit() const noexcept { return at_ < text_.size() ? text_[at_] : u'\xFFFF'; }
 
     std::u16string_view text_;
     std::size_t at_ = 0;
-    int nesting_ = 0;
-    LineBuffer line_;
+    int nesting_ = 1;
+    UnitBuffer lines_; ///< of the batch, one behind the other
+    std::size_t lineStart_ = 0;
+    std::vector<std::uint32_t> ends_;
     std::vector<Key> keys_; ///< of the objects being read, innermost last
 };
 

@@ -4,7 +4,7 @@
 #include "platform/text_encoding.h"
 
 #include <algorithm>
-#include <limits>
+#include <cstring>
 
 namespace brindlewick {
 
@@ -14,7 +14,8 @@ using namespace std::string_view_literals;
 
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF"sv;
 constexpr std::string_view utf16LittleEndianMark = "\xFF\xFE"sv;
-constexpr std::size_t bufferLength = pieceLength * 2; // bytes: the units of a UTF-16 piece
+constexpr std::size_t bufferLength = pieceLength * 2;      // bytes: the units of a UTF-16 piece
+constexpr std::size_t utf8StretchLength = pieceLength / 2; // bytes; small enough to stay in the cache
 
 /// How many of the bytes can be decoded before the next ones are known: all but a character cut short at the
 /// end.
@@ -32,13 +33,11 @@ std::size_t completeUtf8Length(std::string_view bytes) {
     return bytes.size();
 }
 
-void appendFromUtf16(std::string_view bytes, std::u16string& text) {
-    const std::size_t start = text.size();
-    text.resize(start + bytes.size() / 2);
+void decodeUtf16(std::string_view bytes, char16_t* target) {
     for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
         const auto low = static_cast<unsigned char>(bytes[at]);
         const auto high = static_cast<unsigned char>(bytes[at + 1]);
-        text[start + at / 2] = static_cast<char16_t>(low | (high << 8));
+        target[at / 2] = static_cast<char16_t>(low | (high << 8));
     }
 }
 
@@ -55,73 +54,94 @@ ByteOrderMark DetectByteOrderMark(std::string_view firstBytes) noexcept {
     return {};
 }
 
-TextFileReader::TextFileReader(std::u16string_view path) : file_(path) {
-    fillBuffer();
-    mark_ = DetectByteOrderMark(std::string_view(buffer_).substr(0, 4));
+TextFileReader::TextFileReader() : bytes_(std::make_unique_for_overwrite<char[]>(bufferLength)) {}
+
+void TextFileReader::open(std::u16string_view path) {
+    file_.emplace(path);
+    begin_ = end_ = 0;
+    atEnd_ = gaveAPiece_ = false;
+    isPieceComplete_ = true;
+    fillBuffer(bufferLength);
+    mark_ = DetectByteOrderMark(buffered().substr(0, 4));
     if (mark_.isUtf8)
-        buffer_.erase(0, utf8Mark.size());
-    else if (mark_.isUnicode && buffer_.starts_with(utf16LittleEndianMark))
-        buffer_.erase(0, utf16LittleEndianMark.size());
+        begin_ = utf8Mark.size();
+    else if (mark_.isUnicode && buffered().starts_with(utf16LittleEndianMark))
+        begin_ = utf16LittleEndianMark.size();
 }
 
-bool TextFileReader::next(std::u16string& piece) {
-    piece.clear();
-    if (mark_.isUtf8) {
-        if (gaveAPiece_)
+bool TextFileReader::nextPiece() {
+    if (gaveAPiece_) {
+        if (mark_.isUtf8)
             return false;
-        ReadUtf8Stream(piece);
-    } else {
-        ReadWithTextStream(piece);
-        if (gaveAPiece_ && piece.empty())
+        fillBuffer(bytesPerUnit());
+        if (buffered().size() < bytesPerUnit())
             return false;
     }
     gaveAPiece_ = true;
+    isPieceComplete_ = false;
+    pieceUnits_ = 0;
     return true;
 }
 
-void TextFileReader::ReadUtf8Stream(std::u16string& text) {
-    // No character has more code units than bytes, so the text never has to move while it grows.
-    text.reserve(
-        static_cast<std::size_t>(std::min<std::uint64_t>(file_.length(), longestText + bufferLength)));
-    for (;;) {
-        fillBuffer();
-        const std::size_t complete = atEnd_ ? buffer_.size() : completeUtf8Length(buffer_);
-        appendFromUtf8(std::string_view(buffer_).substr(0, complete), text);
-        buffer_.erase(0, complete);
-        if (text.size() > longestText)
-            throw Failure(FailureNumber::outOfMemory);
-        if (atEnd_)
-            return;
-    }
-}
-
-void TextFileReader::ReadWithTextStream(std::u16string& piece) {
-    fillBuffer();
-    const std::size_t bytesPerUnit = mark_.isUnicode ? 2 : 1;
-    const std::size_t length = std::min(buffer_.size(), pieceLength * bytesPerUnit);
-    const std::string_view bytes = std::string_view(buffer_).substr(0, length);
-    if (mark_.isUnicode)
-        appendFromUtf16(bytes, piece);
+bool TextFileReader::readMore(UnitBuffer& text) {
+    if (isPieceComplete_)
+        return false;
+    if (mark_.isUtf8)
+        ReadUtf8Stream(text);
     else
-        appendFromSingleByte(bytes, piece);
-    buffer_.erase(0, length);
+        ReadWithTextStream(text);
+    return true;
 }
 
-void TextFileReader::fillBuffer() {
-    const std::size_t kept = buffer_.size();
-    if (atEnd_ || kept >= bufferLength)
+void TextFileReader::ReadUtf8Stream(UnitBuffer& text) {
+    fillBuffer(utf8StretchLength);
+    std::string_view bytes = buffered().substr(0, utf8StretchLength);
+    const bool isLast = atEnd_ && bytes.size() == buffered().size();
+    if (!isLast)
+        bytes = bytes.substr(0, completeUtf8Length(bytes));
+    text.makeRoom(bytes.size()); // no character has more code units than bytes
+    const std::size_t units = decodeUtf8(bytes, text.end());
+    text.advance(units);
+    begin_ += bytes.size();
+    pieceUnits_ += units;
+    if (pieceUnits_ > longestText)
+        throw Failure(FailureNumber::outOfMemory);
+    isPieceComplete_ = isLast;
+}
+
+void TextFileReader::ReadWithTextStream(UnitBuffer& text) {
+    fillBuffer(pieceLength * bytesPerUnit());
+    const std::string_view bytes = buffered().substr(0, pieceLength * bytesPerUnit());
+    const std::size_t units = bytes.size() / bytesPerUnit();
+    text.makeRoom(units);
+    if (mark_.isUnicode)
+        decodeUtf16(bytes, text.end());
+    else
+        decodeSingleByte(bytes, text.end());
+    text.advance(units);
+    begin_ += bytes.size();
+    isPieceComplete_ = true;
+}
+
+void TextFileReader::fillBuffer(std::size_t wanted) {
+    if (atEnd_ || end_ - begin_ >= wanted)
         return;
-    buffer_.resize(bufferLength);
-    const std::size_t count = file_.read({buffer_.data() + kept, bufferLength - kept});
-    buffer_.resize(kept + count);
-    atEnd_ = kept + count < bufferLength;
+    std::memmove(bytes_.get(), bytes_.get() + begin_, end_ - begin_);
+    end_ -= begin_;
+    begin_ = 0;
+    end_ += file_->read({bytes_.get() + end_, bufferLength - end_});
+    atEnd_ = end_ < bufferLength;
 }
 
 std::vector<std::u16string> ReadFileToPieces(std::u16string_view path) {
-    TextFileReader reader(path);
+    TextFileReader reader;
+    reader.open(path);
     std::vector<std::u16string> pieces;
-    for (std::u16string piece; reader.next(piece);)
-        pieces.push_back(std::move(piece));
+    for (UnitBuffer text(longestText); reader.nextPiece(); text.cutTo(0)) {
+        while (reader.readMore(text)) {
+        }
+        pieces.emplace_back(text.view());
+    }
     return pieces;
 }
 

@@ -1,9 +1,12 @@
 // Reads a text file in pieces; its first bytes decide the decoding.
 #pragma once
 
+#include "core/unit_buffer.h"
 #include "platform/files.h"
 
 #include <cstddef>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,7 +25,7 @@ ByteOrderMark DetectByteOrderMark(std::string_view firstBytes) noexcept;
 /// Every piece of text but a file's last has this many code units, unless the whole file is one piece.
 inline constexpr std::size_t pieceLength = 65536;
 
-/// Gives a file's text piece by piece, holding no more than one.
+/// Gives a file's text piece by piece, and a piece in stretches, so that no piece need be held as a whole.
 ///
 /// With a UTF-8 mark the whole text (without the mark) is one piece. With a UTF-16 or UTF-32 mark the bytes
 /// are taken as UTF-16 little-endian, wrong as that is for the other three; a leading FF FE and an odd last
@@ -30,24 +33,39 @@ inline constexpr std::size_t pieceLength = 65536;
 /// units, cut without regard to what is in them. An empty text is one empty piece.
 class TextFileReader {
 public:
-    /// Opens the file and looks at its mark. Fails as files.h says.
-    explicit TextFileReader(std::u16string_view path);
+    TextFileReader();
 
-    /// Replaces `piece` by the next one; false, with `piece` empty, when there is none left. Fails with
-    /// deviceIoError when reading does, with outOfMemory when a piece would be longer than `longestText`.
-    bool next(std::u16string& piece);
+    /// Opens the file, in place of the one before, and looks at its mark. Fails as files.h says.
+    void open(std::u16string_view path);
+    /// Lets go of the file.
+    void close() noexcept { file_.reset(); }
+
+    /// Goes on to the next piece; false when there is none left. Fails with deviceIoError when reading does.
+    bool nextPiece();
+    /// Appends the piece's next stretch to `text`, at most pieceLength code units; false, with nothing
+    /// appended, when there is none left. Fails with deviceIoError when reading does, with outOfMemory when
+    /// the piece is longer than `longestText`.
+    bool readMore(UnitBuffer& text);
+    /// True when readMore has nothing more to append.
+    bool isPieceComplete() const noexcept { return isPieceComplete_; }
 
 private:
-    void ReadUtf8Stream(std::u16string& text);
-    void ReadWithTextStream(std::u16string& piece);
-    /// Reads until the buffer is full or the file ends; what was left in it stays in front.
-    void fillBuffer();
+    void ReadUtf8Stream(UnitBuffer& text);
+    void ReadWithTextStream(UnitBuffer& text);
+    /// Reads until `wanted` bytes are there, or the file ends.
+    void fillBuffer(std::size_t wanted);
+    std::string_view buffered() const noexcept { return {bytes_.get() + begin_, end_ - begin_}; }
+    std::size_t bytesPerUnit() const noexcept { return mark_.isUnicode ? 2 : 1; }
 
-    InputFile file_;
+    std::optional<InputFile> file_;
     ByteOrderMark mark_;
-    std::string buffer_;
+    std::unique_ptr<char[]> bytes_;
+    std::size_t begin_ = 0; ///< of what is read but not yet decoded
+    std::size_t end_ = 0;
     bool atEnd_ = false;
     bool gaveAPiece_ = false;
+    bool isPieceComplete_ = true;
+    std::size_t pieceUnits_ = 0; ///< of the piece at hand, so far
 };
 
 /// All pieces of a file, at least one.

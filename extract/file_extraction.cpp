@@ -1,17 +1,13 @@
 #include "extract/file_extraction.h"
 
-#include "core/text_file_reader.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
-#include <optional>
 #include <utility>
 
 namespace brindlewick {
 
 namespace {
-
-constexpr unsigned fragmentsBetweenYields = 64;
 
 std::u16string_view withoutOuterBlanks(std::u16string_view text) {
     const std::size_t first = text.find_first_not_of(u' ');
@@ -30,60 +26,67 @@ FileExtraction::FileExtraction(UserInterface& user, const Guard& guard, const Ex
 
 void FileExtraction::extractFile(const std::u16string& path) {
     const std::size_t rowsBefore = table_.rowCount();
-    std::optional<TextFileReader> reader;
-    std::u16string piece;
     bool hasPiece = false;
     bool isReadable = guard_([&] {
         if (fileLength(path) == 0)
             return;
-        reader.emplace(path);
-        hasPiece = reader->next(piece);
+        reader_.open(path);
+        hasPiece = reader_.nextPiece();
         table_.beginFile(path);
     });
+    const bool isRead = isReadable && hasPiece;
     walker_.clearTexts();
-    while (isReadable && hasPiece) {
-        extractPiece(piece);
-        isReadable = guard_([&] { hasPiece = reader->next(piece); });
-    }
+    while (isReadable && hasPiece)
+        isReadable = extractPiece() && guard_([&] { hasPiece = reader_.nextPiece(); });
+    reader_.close();
     if (!isReadable) {
         table_.truncateRows(rowsBefore);
         return;
     }
-    if (reader && options_.mode() == ExtractionMode::all) {
+    if (isRead && options_.mode() == ExtractionMode::all) {
         mode_ = ExtractionMode::all;
         guard_([&] { addRows(walker_.keyText(), 1); });
         guard_([&] { addRows(walker_.valueText(), 1); });
     }
 }
 
-void FileExtraction::extractPiece(std::u16string_view piece) {
+/// False when the piece's text could not be read.
+bool FileExtraction::extractPiece() {
     user_.yield();
     mode_ = options_.mode();
     // Mode 4 gathers anew in every piece, so a file of several pieces ends with what its last one held.
     if (mode_ == ExtractionMode::all)
         walker_.clearTexts();
 
-    std::int32_t position = 1;
-    unsigned fragments = 0;
-    for (bool isFragment = true; isFragment;) {
-        // A fragment that fails to become a line is reported like one that fails later: the next one follows.
-        guard_([&] {
-            isFragment = reader_.next(piece, position);
-            if (isFragment)
-                extractFragment(reader_.line());
-        });
-        if (++fragments % fragmentsBetweenYields == 0)
-            afterSome_();
+    for (;;) {
+        BatchEnd end = BatchEnd::pieceEnd;
+        if (!guard_([&] { end = reader_.nextBatch(); }))
+            return false;
+        extractBatch(reader_.batch());
+        if (end == BatchEnd::pieceEnd)
+            return true;
+        // A fragment too long to become a line is reported like one that fails later: the next one follows.
+        if (end == BatchEnd::tooLong)
+            guard_([] { throw Failure(FailureNumber::outOfMemory); });
+        afterSome_();
     }
 }
 
-void FileExtraction::extractFragment(std::u16string_view line) {
+void FileExtraction::extractBatch(const LineBatch& batch) {
     if (mode_ == ExtractionMode::all) {
-        readFirstTag();
-        walker_.walk(line);
-    } else if (const std::size_t matches = matcher_.countMatches(line); matches > 0) {
-        extractMatch(line, matches);
+        for (std::size_t line = 0; line < batch.size(); ++line)
+            guard_([&] {
+                readFirstTag();
+                walker_.walk(batch[line]);
+            });
+        return;
     }
+    matcher_.findCandidates(batch, candidates_);
+    for (const std::uint32_t line : candidates_)
+        guard_([&] {
+            if (const std::size_t matches = matcher_.countMatches(batch[line]); matches > 0)
+                extractMatch(batch[line], matches);
+        });
 }
 
 void FileExtraction::extractMatch(std::u16string_view line, std::size_t matches) {

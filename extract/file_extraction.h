@@ -1,7 +1,7 @@
 // What a run does with one file: pieces to fragments, fragments to lines, lines that hold a tag to rows.
 #pragma once
 
-#include "core/fragment_line_reader.h"
+#include "core/line_batch_reader.h"
 #include "extract/extraction_options.h"
 #include "extract/fragment_walker.h"
 #include "extract/results_table.h"
@@ -10,6 +10,7 @@
 #include "platform/user_interface.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -31,8 +32,8 @@ public:
     void extractFile(const std::u16string& path);
 
 private:
-    void extractPiece(std::u16string_view piece);
-    void extractFragment(std::u16string_view line);
+    bool extractPiece();
+    void extractBatch(const LineBatch& batch);
     void extractMatch(std::u16string_view line, std::size_t matches);
     void readFirstTag();
     void walkToRow(std::u16string_view line);
@@ -44,8 +45,9 @@ private:
     const std::vector<std::u16string>& tags_;
     ResultsTable& table_;
     std::function<void()> afterSome_;
-    FragmentLineReader reader_;
+    LineBatchReader reader_;
     TagMatcher matcher_;
+    std::vector<std::uint32_t> candidates_; ///< lines of a batch, kept between batches for its room
     FragmentWalker walker_;
     ExtractionMode mode_ = ExtractionMode::none; ///< as it stood when the piece was started
     std::u16string row_;                         ///< room for a row's text, kept between fragments

@@ -2,6 +2,10 @@
 
 #include "platform/letter_case.h"
 
+#include <algorithm>
+#include <array>
+#include <numeric>
+
 namespace brindlewick {
 
 namespace {
@@ -25,6 +29,12 @@ TagMatcher::TagMatcher(std::span<const std::u16string> tags) : classOfUnit_(6553
     linkFailures();
     if (nodes_.size() * classCount_ <= largestTable)
         buildTable();
+
+    const auto isNotEmpty = [](const std::u16string& tag) { return !tag.empty(); };
+    const auto first = std::find_if(tags.begin(), tags.end(), isNotEmpty);
+    // One branch with one end: all tags but the empty ones are the same.
+    if (first != tags.end() && nodes_.size() == first->size() + 1 && nodes_.back().tags == otherTags_)
+        search_ = TagSearch::of(*first);
 }
 
 void TagMatcher::addTag(std::u16string_view tag) {
@@ -151,6 +161,80 @@ std::size_t TagMatcher::countByEdges(std::u16string_view line) {
             count += countOutputs(state);
     }
     return count;
+}
+
+void TagMatcher::findCandidates(const LineBatch& batch, std::vector<std::uint32_t>& lines) {
+    lines.clear();
+    if (emptyTags_ > 0 || table_.empty()) {
+        lines.resize(batch.size());
+        std::iota(lines.begin(), lines.end(), 0U);
+    } else if (search_) {
+        search_->appendCandidates(batch, lines);
+    } else if (otherTags_ > 0) {
+        markByTable(batch);
+        for (std::size_t line = 0; line < batch.size(); ++line)
+            if (marks_[line] != 0)
+                lines.push_back(static_cast<std::uint32_t>(line));
+    }
+}
+
+/// Follows the table through four parts of the batch in turn: each step waits for the one before it in the
+/// same part, and the processor has the other parts to go on with. That a match may begin in one line and end
+/// in the next does no harm, as the marks are candidates only.
+void TagMatcher::markByTable(const LineBatch& batch) {
+    struct Part {
+        const char16_t* at;
+        const char16_t* end;
+        std::size_t line;
+        std::uint32_t entry;
+    };
+    const char16_t* const text = batch.text.data();
+    const std::uint16_t* const classOfUnit = classOfUnit_.data();
+    const std::uint32_t* const table = table_.data();
+    marks_.assign(batch.size(), 0);
+
+    std::array<Part, 4> parts{};
+    std::size_t firstLine = 0;
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        const std::size_t wantedEnd = batch.text.size() * (part + 1) / parts.size();
+        const auto endLine = std::lower_bound(batch.ends.begin(), batch.ends.end(), wantedEnd);
+        const std::size_t lines =
+            std::min(static_cast<std::size_t>(endLine - batch.ends.begin()) + 1, batch.size());
+        const std::size_t end = lines == 0 ? 0 : batch.ends[lines - 1];
+        parts[part] = {text + batch.startOf(firstLine), text + end, firstLine, 0};
+        firstLine = lines;
+    }
+    const auto next = [=](Part& part) {
+        part.entry = table[(part.entry >> 1) + classOfUnit[*part.at++]];
+        return part.entry;
+    };
+    const auto markLine = [&](Part& part) {
+        const auto place = static_cast<std::size_t>(part.at - 1 - text);
+        while (batch.ends[part.line] <= place)
+            ++part.line;
+        marks_[part.line] = 1;
+        part.at = text + batch.ends[part.line]; // the rest of the line tells nothing new
+        part.entry = 0;
+    };
+    for (;;) {
+        std::ptrdiff_t steps = parts[0].end - parts[0].at;
+        for (const Part& part : parts)
+            steps = std::min(steps, part.end - part.at);
+        if (steps == 0)
+            break;
+        auto [a, b, c, d] = parts;
+        std::uint32_t together = 0;
+        for (; steps > 0 && (together & 1) == 0; --steps)
+            together = next(a) | next(b) | next(c) | next(d);
+        parts = {a, b, c, d};
+        for (Part& part : parts)
+            if ((part.entry & 1) != 0)
+                markLine(part);
+    }
+    for (Part& part : parts)
+        while (part.at < part.end)
+            if ((next(part) & 1) != 0)
+                markLine(part);
 }
 
 /// Counts the tags that end here, and stops at the first state counted in this line before: what it falls

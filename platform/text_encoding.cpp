@@ -66,24 +66,37 @@ bool sequenceOf(unsigned char first, Sequence& sequence) {
     return true;
 }
 
-std::size_t asciiRunLength(std::string_view bytes) {
+constexpr std::size_t blockLength = 16; // bytes that are looked at together
+
+bool isAsciiBlock(const char* bytes) {
+    std::uint64_t words[2];
+    std::memcpy(words, bytes, sizeof words);
+    return ((words[0] | words[1]) & 0x8080808080808080U) == 0;
+}
+
+/// Copies the bytes of a block, each to its code unit.
+void widenBlock(const char* bytes, char16_t* target) {
+    unsigned char block[blockLength]; // a copy, so that the compiler knows it is apart from the target
+    std::memcpy(block, bytes, sizeof block);
+    for (std::size_t at = 0; at < blockLength; ++at)
+        target[at] = block[at];
+}
+
+/// Decodes ASCII up to the first other byte; gives its length.
+std::size_t decodeAscii(std::string_view bytes, char16_t* target) {
     std::size_t at = 0;
-    for (; at + sizeof(std::uint64_t) <= bytes.size(); at += sizeof(std::uint64_t)) {
-        std::uint64_t word;
-        std::memcpy(&word, bytes.data() + at, sizeof word);
-        if ((word & 0x8080808080808080U) != 0)
-            break;
-    }
-    while (at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80)
-        ++at;
+    for (; at + blockLength <= bytes.size() && isAsciiBlock(bytes.data() + at); at += blockLength)
+        widenBlock(bytes.data() + at, target + at);
+    for (; at < bytes.size() && static_cast<unsigned char>(bytes[at]) < 0x80; ++at)
+        target[at] = static_cast<unsigned char>(bytes[at]);
     return at;
 }
 
-/// Decodes one character or one maximal ill-formed subpart; gives its length in bytes.
-std::size_t appendOne(std::string_view bytes, std::u16string& text) {
+/// Decodes one character or one maximal ill-formed subpart and moves `target` on; gives its length in bytes.
+std::size_t decodeOne(std::string_view bytes, char16_t*& target) {
     Sequence sequence{};
     if (!sequenceOf(static_cast<unsigned char>(bytes[0]), sequence)) {
-        text.push_back(replacement);
+        *target++ = replacement;
         return 1;
     }
     std::uint32_t codePoint = sequence.firstBits;
@@ -93,16 +106,16 @@ std::size_t appendOne(std::string_view bytes, std::u16string& text) {
         const auto byte =
             at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : static_cast<unsigned char>(0);
         if (byte < from || byte > to) {
-            text.push_back(replacement);
+            *target++ = replacement;
             return at;
         }
         codePoint = (codePoint << 6) | (byte & 0x3FU);
     }
     if (codePoint >= 0x10000) {
-        text.push_back(static_cast<char16_t>(0xD7C0 + (codePoint >> 10)));
-        text.push_back(static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF)));
+        *target++ = static_cast<char16_t>(0xD7C0 + (codePoint >> 10));
+        *target++ = static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
     } else {
-        text.push_back(static_cast<char16_t>(codePoint));
+        *target++ = static_cast<char16_t>(codePoint);
     }
     return sequence.continuationBytes + 1;
 }
@@ -111,11 +124,24 @@ std::size_t appendOne(std::string_view bytes, std::u16string& text) {
 
 constinit const std::array<char16_t, 256> windows1252ToUtf16 = makeTable();
 
+void decodeSingleByte(std::string_view bytes, char16_t* target) {
+    std::size_t at = 0;
+    for (; at + blockLength <= bytes.size(); at += blockLength) {
+        if (isAsciiBlock(bytes.data() + at)) {
+            widenBlock(bytes.data() + at, target + at);
+            continue;
+        }
+        for (std::size_t one = at; one < at + blockLength; ++one)
+            target[one] = windows1252ToUtf16[static_cast<unsigned char>(bytes[one])];
+    }
+    for (; at < bytes.size(); ++at)
+        target[at] = windows1252ToUtf16[static_cast<unsigned char>(bytes[at])];
+}
+
 void appendFromSingleByte(std::string_view bytes, std::u16string& text) {
     const std::size_t start = text.size();
     text.resize(start + bytes.size());
-    std::transform(bytes.begin(), bytes.end(), text.begin() + static_cast<std::ptrdiff_t>(start),
-                   [](char byte) { return windows1252ToUtf16[static_cast<unsigned char>(byte)]; });
+    decodeSingleByte(bytes, text.data() + start);
 }
 
 void appendAsSingleByte(std::u16string_view text, std::string& bytes) {
@@ -133,16 +159,22 @@ bool hasSingleByte(char16_t unit) noexcept {
     return unit == u'?' || byteTable()[unit] != noByte;
 }
 
-void appendFromUtf8(std::string_view bytes, std::u16string& text) {
+std::size_t decodeUtf8(std::string_view bytes, char16_t* target) {
+    const char16_t* const start = target;
     while (!bytes.empty()) {
-        const std::size_t ascii = asciiRunLength(bytes);
-        const std::size_t start = text.size();
-        text.resize(start + ascii);
-        std::copy_n(bytes.begin(), ascii, text.begin() + static_cast<std::ptrdiff_t>(start));
+        const std::size_t ascii = decodeAscii(bytes, target);
+        target += ascii;
         bytes.remove_prefix(ascii);
         while (!bytes.empty() && static_cast<unsigned char>(bytes[0]) >= 0x80)
-            bytes.remove_prefix(appendOne(bytes, text));
+            bytes.remove_prefix(decodeOne(bytes, target));
     }
+    return static_cast<std::size_t>(target - start);
+}
+
+void appendFromUtf8(std::string_view bytes, std::u16string& text) {
+    const std::size_t start = text.size();
+    text.resize(start + bytes.size());
+    text.resize(start + decodeUtf8(bytes, text.data() + start));
 }
 
 std::string toUtf8(std::u16string_view text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@ namespace brindlewick {
 /// Source: the WHATWG Encoding Standard, index-windows-1252, which has the same five.
 extern const std::array<char16_t, 256> windows1252ToUtf16;
 
+/// Decodes the bytes, one code unit each.
+void decodeSingleByte(std::string_view bytes, char16_t* target);
 /// Appends the bytes, one code unit each.
 void appendFromSingleByte(std::string_view bytes, std::u16string& text);
 /// Appends the text, one byte for every code unit; "?" for a unit that the set does not hold.
@@ -22,8 +25,11 @@ char singleByteOf(char16_t unit) noexcept;
 /// True when the set holds the code unit.
 bool hasSingleByte(char16_t unit) noexcept;
 
-/// Appends the decoded text; every maximal ill-formed subpart becomes one U+FFFD, as the WHATWG Encoding
-/// Standard's UTF-8 decoder does. A byte-order mark is decoded like any other character.
+/// Decodes into `target`, which has room for a code unit a byte, and gives the number of units written. Every
+/// maximal ill-formed subpart becomes one U+FFFD, as the WHATWG Encoding Standard's UTF-8 decoder does. A
+/// byte-order mark is decoded like any other character.
+std::size_t decodeUtf8(std::string_view bytes, char16_t* target);
+/// Appends the decoded text.
 void appendFromUtf8(std::string_view bytes, std::u16string& text);
 /// UTF-8 for the text; a lone surrogate becomes U+FFFD.
 std::string toUtf8(std::u16string_view text);

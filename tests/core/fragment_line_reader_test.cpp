@@ -20,10 +20,10 @@ void expectTheSame(const std::u16string& text) {
     std::int32_t fastPosition = 1;
     for (;;) {
         const std::optional<JsonValue> fragment = parser.parse(text, plainPosition);
-        const bool isFragment = reader.next(text, fastPosition);
-        ASSERT_EQ(isFragment, fragment.has_value()) << toUtf8(text);
+        const FragmentReading reading = reader.next(text, fastPosition);
+        ASSERT_EQ(reading, fragment ? FragmentReading::line : FragmentReading::end) << toUtf8(text);
         ASSERT_EQ(fastPosition, plainPosition) << toUtf8(text);
-        if (!isFragment)
+        if (!fragment)
             return;
         ASSERT_EQ(toUtf8(reader.line()), toUtf8(serialize(*fragment))) << toUtf8(text);
     }
@@ -104,10 +104,54 @@ private:
     std::mt19937 random_;
 };
 
+/// What follows keeps the text's end away, so that the members are read by whole blocks.
+const std::u16string farEnd = u"\n" + std::u16string(600, u' ') + u"[\"the end\"]\n";
+
 TEST(FragmentLineReader, AgreesWithThePlainWayOnGeneratedTexts) {
     Generator generator(2026);
-    for (int round = 0; round < 20000; ++round)
-        expectTheSame(generator.mutated(generator.value(4) + u"\n"));
+    for (int round = 0; round < 20000; ++round) {
+        const std::u16string text = generator.mutated(generator.value(4) + u"\n");
+        expectTheSame(text);
+        expectTheSame(text + farEnd);
+    }
+}
+
+TEST(FragmentLineReader, AgreesWithThePlainWayOnMembersOfEveryLength) {
+    for (std::size_t length = 0; length < 600; ++length)
+        for (const std::u16string_view pattern :
+             {u"{\"K\":\"\"}", u"{\"\":\"V\",", u"{\"K\":12}", u",\"k\": \"V/\"}", u"{ {\"K\" :'V'}",
+              u"{\"k\":nullV,", u"{\"k\":\"V\u00E9\"}", u"{\"k\":\"V\\n\"}", u"{\"Kx:y\":true}"}) {
+            std::u16string text(pattern);
+            for (const char16_t letter : {u'K', u'V'})
+                if (const std::size_t at = text.find(letter); at != std::u16string::npos)
+                    text.replace(at, 1, std::u16string(length, u'x'));
+            expectTheSame(text);
+            expectTheSame(text + farEnd);
+        }
+}
+
+TEST(FragmentLineReader, PutsBackWhatIsCutOff) {
+    Generator generator(11);
+    for (int round = 0; round < 3000; ++round) {
+        const std::u16string text = generator.mutated(generator.value(4) + u"\n") + farEnd;
+        FragmentLineReader whole;
+        FragmentLineReader cut;
+        std::int32_t wholePosition = 1;
+        std::int32_t cutPosition = 1;
+        for (std::size_t known = 0;;) {
+            const FragmentReading reading =
+                cut.next(std::u16string_view(text).substr(0, known), cutPosition, known >= text.size());
+            if (reading == FragmentReading::needsText) {
+                ++known;
+                continue;
+            }
+            ASSERT_EQ(reading, whole.next(text, wholePosition)) << toUtf8(text);
+            ASSERT_EQ(cutPosition, wholePosition) << toUtf8(text);
+            if (reading == FragmentReading::end)
+                break;
+            ASSERT_EQ(toUtf8(cut.line()), toUtf8(whole.line())) << toUtf8(text);
+        }
+    }
 }
 
 TEST(FragmentLineReader, AgreesWithThePlainWayOnNoise) {

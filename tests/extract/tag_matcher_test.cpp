@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace brindlewick {
@@ -62,6 +63,65 @@ TEST(TagMatcher, AgreesWhereATableWouldBeTooLarge) {
                                       : std::u16string(1, static_cast<char16_t>(0x4E00 + random() % 6000));
         ASSERT_EQ(matcher.countMatches(line), countPlainly(tags, line));
     }
+}
+
+/// The candidates among the lines, put one behind the other.
+std::vector<std::uint32_t> candidatesAmong(TagMatcher& matcher, const Tags& lines) {
+    std::u16string text;
+    std::vector<std::uint32_t> ends;
+    for (const std::u16string& line : lines) {
+        text += line;
+        ends.push_back(static_cast<std::uint32_t>(text.size()));
+    }
+    std::vector<std::uint32_t> candidates;
+    matcher.findCandidates({text, ends}, candidates);
+    return candidates;
+}
+
+void expectEveryMatchAmongTheCandidates(const Tags& tags, const Tags& lines) {
+    TagMatcher matcher(tags);
+    const std::vector<std::uint32_t> candidates = candidatesAmong(matcher, lines);
+    ASSERT_TRUE(std::is_sorted(candidates.begin(), candidates.end()));
+    ASSERT_EQ(std::adjacent_find(candidates.begin(), candidates.end()), candidates.end());
+    for (std::uint32_t line = 0; line < lines.size(); ++line) {
+        const bool isCandidate = std::binary_search(candidates.begin(), candidates.end(), line);
+        ASSERT_TRUE(isCandidate || countPlainly(tags, lines[line]) == 0) << line;
+    }
+}
+
+TEST(TagMatcher, MissesNoLineOfABatch) {
+    std::mt19937 random(13);
+    for (int round = 0; round < 300; ++round) {
+        const unsigned alphabet = 1 + random() % 4;
+        for (const std::size_t count : {1, 1, 7})
+            expectEveryMatchAmongTheCandidates(randomTags(random, count, 20, alphabet),
+                                               randomTags(random, random() % 60, 50, alphabet + 1));
+    }
+}
+
+TEST(TagMatcher, MissesNoOtherFormOfALetter) {
+    // The Kelvin sign, the long s, both Greek sigmas, the micro sign, and letters beyond U+8000.
+    const Tags forms = {u"k",      u"K",      u"\u212A", u"s",      u"S",      u"\u017F",
+                        u"\u03C3", u"\u03C2", u"\u03A3", u"\u00B5", u"\u03BC", u"\u13A0",
+                        u"\uAB70", u"\u00E9", u"\u00C9", u"\uFFFF"};
+    Tags lines;
+    for (const std::u16string& first : forms)
+        for (const std::u16string& second : forms)
+            lines.push_back(u"a" + first + second + std::u16string(20, u'z'));
+    for (const std::u16string& line : lines)
+        for (const std::size_t length : {1U, 2U}) {
+            expectEveryMatchAmongTheCandidates({line.substr(1, length)}, lines);
+            expectEveryMatchAmongTheCandidates({line.substr(1, length), u"zq"}, lines);
+        }
+}
+
+TEST(TagMatcher, LeavesOutLinesWithoutTheTag) {
+    TagMatcher one(Tags{u"name"});
+    EXPECT_EQ(candidatesAmong(one, {u"{\"nam\":1}", u"{\"Name\":1}", u"{}", u"na", u"me", u"NAME"}),
+              (std::vector<std::uint32_t>{1, 5}));
+    TagMatcher two(Tags{u"name", u"id"});
+    EXPECT_EQ(candidatesAmong(two, {u"{\"nam\":1}", u"{\"Name\":1}", u"{}", u"{\"iD\":1}", u"NAME"}),
+              (std::vector<std::uint32_t>{1, 3, 4}));
 }
 
 TEST(TagMatcher, CountsNestedTagsOnceALine) {

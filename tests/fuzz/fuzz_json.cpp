@@ -93,7 +93,9 @@ void checkFragments(std::u16string_view text) {
     for (;;) {
         const std::int32_t start = position;
         const std::optional<JsonValue> fragment = parser.parse(text, position);
-        check(reader.next(text, fastPosition) == fragment.has_value(), "both readers end together");
+        const FragmentReading reading = reader.next(text, fastPosition);
+        check(reading == (fragment ? FragmentReading::line : FragmentReading::end),
+              "both readers end together");
         check(position == fastPosition, "both readers stop at the same place");
         if (text.size() < 1000) // a line of the errors may quote the whole rest
             (void)parser.parserErrors();

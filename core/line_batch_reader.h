@@ -1,0 +1,47 @@
+// Reads a file's pieces as lines, many at a time, and holds no more text than it has to.
+#pragma once
+
+#include "core/fragment_line_reader.h"
+#include "core/text_file_reader.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace brindlewick {
+
+/// Why a batch of lines ended.
+enum class BatchEnd {
+    full,     ///< it is long enough; the piece may have more
+    tooLong,  ///< the next fragment's line would be longer than `longestText`; it is passed over
+    pieceEnd, ///< the piece has no more
+};
+
+/// The text at hand is a window on the piece: what has been read is dropped, and the window grows only for a
+/// fragment that does not fit, twofold each time, so that reading it again costs no more than reading it
+/// once.
+class LineBatchReader {
+public:
+    LineBatchReader() : window_(longestText) {}
+
+    /// Opens the file. Fails as TextFileReader does.
+    void open(std::u16string_view path) { file_.open(path); }
+    void close() noexcept { file_.close(); }
+    /// Goes on to the file's next piece; false when there is none. Fails as TextFileReader does.
+    bool nextPiece();
+    /// Replaces the batch by the lines of the fragments that follow: enough for about 16,000 code units.
+    /// Fails as TextFileReader does.
+    BatchEnd nextBatch();
+    /// Valid until the next call.
+    LineBatch batch() const noexcept { return lines_.batch(); }
+
+private:
+    void readMoreText();
+
+    TextFileReader file_;
+    UnitBuffer window_;
+    std::int32_t position_ = 1; ///< in the window
+    FragmentLineReader lines_;
+};
+
+} // namespace brindlewick
