@@ -2,12 +2,12 @@
 //
 //     extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- FILE...
 
+#include "process_memory.h"
 #include "unattended.h"
 
 #include "extract/extraction_run.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
-#include "platform/files.h"
 #include "platform/native_path.h"
 #include "platform/text_encoding.h"
 #include "platform/user_interface.h"
@@ -21,10 +21,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#if defined(__unix__) || defined(__APPLE__)
-#include <sys/resource.h>
-#endif
 
 namespace {
 
@@ -135,25 +131,6 @@ void printRows(const ResultsTable& table) {
     }
 }
 
-std::uint64_t inputBytes(const std::vector<std::u16string>& files) {
-    std::uint64_t bytes = 0;
-    for (const std::u16string& file : files)
-        if (FileExistsByOpen(file))
-            bytes += fileLength(file);
-    return bytes;
-}
-
-/// 0 where the operating system does not tell.
-std::uint64_t peakResidentBytes() {
-#if defined(__unix__) || defined(__APPLE__)
-    rusage figures{};
-    getrusage(RUSAGE_SELF, &figures);
-    return static_cast<std::uint64_t>(figures.ru_maxrss) * 1024; // Linux counts in KiB
-#else
-    return 0;
-#endif
-}
-
 } // namespace
 
 int main(int count, char** words) {
@@ -179,7 +156,7 @@ int main(int count, char** words) {
         printRows(table);
         return 0;
     }
-    const std::uint64_t bytes = inputBytes(arguments->files);
+    const std::uint64_t bytes = run.bytesRead();
     std::printf("%zu rows, %llu bytes, %.6f seconds, %.1f MB/s, %llu bytes peak resident\n", table.rowCount(),
                 static_cast<unsigned long long>(bytes), seconds, static_cast<double>(bytes) / 1e6 / seconds,
                 static_cast<unsigned long long>(peakResidentBytes()));

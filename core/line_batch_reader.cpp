@@ -39,7 +39,7 @@ BatchEnd LineBatchReader::nextBatch() {
 void LineBatchReader::readMoreText() {
     window_.dropFront(std::min(window_.length(), static_cast<std::size_t>(position_ - 1)));
     position_ = 1;
-    const std::size_t wanted = std::max(shortestWindow, window_.length() * 2);
+    const std::size_t wanted = std::max(shortestWindow, window_.length() * 4);
     while (window_.length() < wanted && file_.readMore(window_)) {
     }
 }

@@ -24,8 +24,8 @@ class LineBatchReader {
 public:
     LineBatchReader() : window_(longestText) {}
 
-    /// Opens the file. Fails as TextFileReader does.
-    void open(std::u16string_view path) { file_.open(path); }
+    /// Opens the file; false when it has no bytes. Fails as TextFileReader does.
+    bool open(std::u16string_view path) { return file_.open(path); }
     void close() noexcept { file_.close(); }
     /// Goes on to the file's next piece; false when there is none. Fails as TextFileReader does.
     bool nextPiece();
@@ -34,6 +34,8 @@ public:
     BatchEnd nextBatch();
     /// Valid until the next call.
     LineBatch batch() const noexcept { return lines_.batch(); }
+    /// Of all files opened.
+    std::uint64_t bytesRead() const noexcept { return file_.bytesRead(); }
 
 private:
     void readMoreText();

@@ -56,17 +56,21 @@ ByteOrderMark DetectByteOrderMark(std::string_view firstBytes) noexcept {
 
 TextFileReader::TextFileReader() : bytes_(std::make_unique_for_overwrite<char[]>(bufferLength)) {}
 
-void TextFileReader::open(std::u16string_view path) {
+bool TextFileReader::open(std::u16string_view path) {
     file_.emplace(path);
     begin_ = end_ = 0;
-    atEnd_ = gaveAPiece_ = false;
+    gaveAPiece_ = false;
     isPieceComplete_ = true;
+    // What has no length, a pipe among it, is not read: nobody may ever write to it.
+    const bool hasBytes = file_->length() > 0;
+    atEnd_ = !hasBytes;
     fillBuffer(bufferLength);
     mark_ = DetectByteOrderMark(buffered().substr(0, 4));
     if (mark_.isUtf8)
         begin_ = utf8Mark.size();
     else if (mark_.isUnicode && buffered().starts_with(utf16LittleEndianMark))
         begin_ = utf16LittleEndianMark.size();
+    return hasBytes;
 }
 
 bool TextFileReader::nextPiece() {
@@ -129,7 +133,9 @@ void TextFileReader::fillBuffer(std::size_t wanted) {
     std::memmove(bytes_.get(), bytes_.get() + begin_, end_ - begin_);
     end_ -= begin_;
     begin_ = 0;
-    end_ += file_->read({bytes_.get() + end_, bufferLength - end_});
+    const std::size_t count = file_->read({bytes_.get() + end_, bufferLength - end_});
+    bytesRead_ += count;
+    end_ += count;
     atEnd_ = end_ < bufferLength;
 }
 

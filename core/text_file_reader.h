@@ -5,6 +5,7 @@
 #include "platform/files.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,8 +36,9 @@ class TextFileReader {
 public:
     TextFileReader();
 
-    /// Opens the file, in place of the one before, and looks at its mark. Fails as files.h says.
-    void open(std::u16string_view path);
+    /// Opens the file, in place of the one before, and looks at its mark. False when it has no bytes: one
+    /// empty piece. Fails as files.h says.
+    bool open(std::u16string_view path);
     /// Lets go of the file.
     void close() noexcept { file_.reset(); }
 
@@ -48,6 +50,8 @@ public:
     bool readMore(UnitBuffer& text);
     /// True when readMore has nothing more to append.
     bool isPieceComplete() const noexcept { return isPieceComplete_; }
+    /// Of all files opened.
+    std::uint64_t bytesRead() const noexcept { return bytesRead_; }
 
 private:
     void ReadUtf8Stream(UnitBuffer& text);
@@ -65,6 +69,7 @@ private:
     bool atEnd_ = false;
     bool gaveAPiece_ = false;
     bool isPieceComplete_ = true;
+    std::uint64_t bytesRead_ = 0;
     std::size_t pieceUnits_ = 0; ///< of the piece at hand, so far
 };
 

@@ -50,6 +50,7 @@ void ExtractionRun::PushButton7_Click() {
         if (isListed)
             extraction->extractFile(path);
     }
+    bytesRead_ = extraction ? extraction->bytesRead() : 0;
 
     guard([&] { user_.setPointer(PointerShape::standard); });
     guard([&] { user_.endProgress(numberText(table_.rowCount()) + u" rows found"); });

@@ -6,6 +6,7 @@
 #include "extract/results_table.h"
 #include "platform/user_interface.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,9 +22,11 @@ public:
         : user_(user), options_(options), inputPaths_(inputPaths), tags_(tags), table_(table) {}
 
     /// "Start Extracting". Fills the table from empty; every failure is reported and the run goes on. Time
-    /// and memory are linear in the files' bytes and the rows' text; no more than one piece of one file is
+    /// and memory are linear in the files' bytes and the rows' text; no more than a window on one file is
     /// held.
     void PushButton7_Click();
+    /// How many bytes of the files the last run read.
+    std::uint64_t bytesRead() const noexcept { return bytesRead_; }
 
 private:
     UserInterface& user_;
@@ -31,6 +34,7 @@ private:
     const std::vector<std::u16string>& inputPaths_;
     const std::vector<std::u16string>& tags_;
     ResultsTable& table_;
+    std::uint64_t bytesRead_ = 0;
 };
 
 } // namespace brindlewick

@@ -28,9 +28,8 @@ void FileExtraction::extractFile(const std::u16string& path) {
     const std::size_t rowsBefore = table_.rowCount();
     bool hasPiece = false;
     bool isReadable = guard_([&] {
-        if (fileLength(path) == 0)
+        if (!openUnlessEmpty(path))
             return;
-        reader_.open(path);
         hasPiece = reader_.nextPiece();
         table_.beginFile(path);
     });
@@ -47,6 +46,17 @@ void FileExtraction::extractFile(const std::u16string& path) {
         mode_ = ExtractionMode::all;
         guard_([&] { addRows(walker_.keyText(), 1); });
         guard_([&] { addRows(walker_.valueText(), 1); });
+    }
+}
+
+/// False for an empty file. It gives no rows and no report, even when it cannot be opened.
+bool FileExtraction::openUnlessEmpty(const std::u16string& path) {
+    try {
+        return reader_.open(path);
+    } catch (const Failure&) {
+        if (fileLength(path) == 0)
+            return false;
+        throw;
     }
 }
 

@@ -30,8 +30,10 @@ public:
     /// Adds the file's rows. A file that cannot be read is reported once and adds no row; a fragment that
     /// fails is reported and left out.
     void extractFile(const std::u16string& path);
+    std::uint64_t bytesRead() const noexcept { return reader_.bytesRead(); }
 
 private:
+    bool openUnlessEmpty(const std::u16string& path);
     bool extractPiece();
     void extractBatch(const LineBatch& batch);
     void extractMatch(std::u16string_view line, std::size_t matches);

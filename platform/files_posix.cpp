@@ -183,7 +183,6 @@ InputFile::InputFile(std::u16string_view path) : handle_(-1) {
         ::close(file);
         throw Failure(FailureNumber::permissionDenied);
     }
-    ::posix_fadvise(file, 0, 0, POSIX_FADV_SEQUENTIAL); // a hint: reading goes on without it
     handle_ = file;
 }
 

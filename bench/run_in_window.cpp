@@ -1,0 +1,76 @@
+// Runs the extraction from the main window and by itself, in turn, and tells how long each took.
+//
+//     run_in_window MODE TAG FILE
+#include "app/main_window.h"
+#include "extract/extraction_run.h"
+#include "platform/native_path.h"
+#include "unattended.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+using namespace brindlewick;
+
+constexpr int rounds = 5;
+
+double inWindow(Form1& window) {
+    QElapsedTimer timer;
+    double seconds = 0;
+    QTimer whenAsked; // a message box is up: that is "Done."
+    QObject::connect(&whenAsked, &QTimer::timeout, [&] {
+        if (auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+            box->accept();
+        }
+    });
+    whenAsked.start(1);
+    timer.start();
+    window.controls().PushButton7->click();
+    return seconds;
+}
+
+double byItself(ExtractionMode mode, const std::u16string& tag, const std::u16string& file) {
+    UnattendedUser user;
+    ForgetfulSettings settings;
+    ExtractionOptions options(settings);
+    options.chooseMode(mode);
+    ResultsTable table;
+    const std::vector<std::u16string> files = {file};
+    const std::vector<std::u16string> tags = {tag};
+    ExtractionRun run(user, options, files, tags, table);
+    QElapsedTimer timer;
+    timer.start();
+    run.PushButton7_Click();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e9;
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    const QApplication application(count, words);
+    const int mode = count == 4 ? std::atoi(words[1]) : 0;
+    if (mode < 1 || mode > 4) {
+        std::fputs("usage: run_in_window MODE TAG FILE\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const std::u16string tag = textFromPathBytes(words[2]);
+    const std::u16string file = textFromPathBytes(words[3]);
+    Form1 window(u"/nowhere", [] {});
+    window.Form_Load();
+    window.show();
+    window.inputFiles().clear();
+    window.tags().clear();
+    window.inputFiles().append(file);
+    window.tags().append(tag);
+    window.controls().options()[static_cast<std::size_t>(mode - 1)]->click();
+    for (int round = 0; round < rounds; ++round)
+        std::printf("window %.6f alone %.6f\n", inWindow(window),
+                    byItself(static_cast<ExtractionMode>(mode), tag, file));
+    return EXIT_SUCCESS;
+}
