@@ -7,10 +7,19 @@ namespace brindlewick {
 
 void CaptionButton::makePrimary() {
     isPrimary_ = true;
+    makeBold();
+    setDefault(true);
+}
+
+void CaptionButton::setSign(const QString& sign) {
+    sign_ = sign;
+    makeBold();
+}
+
+void CaptionButton::makeBold() {
     QFont bold; // with nothing else set, family and size still follow the window's
     bold.setBold(true);
     setFont(bold);
-    setDefault(true);
 }
 
 QSize CaptionButton::sizeHint() const {
@@ -18,16 +27,14 @@ QSize CaptionButton::sizeHint() const {
     QStyleOptionButton option;
     initStyleOption(&option);
     const int line = fontMetrics().height();
-    QSize contents(iconSize().width(), line);
-    if (!option.text.isEmpty())
-        contents = fontMetrics().size(Qt::TextShowMnemonic, option.text) + QSize(line, 0);
+    QSize contents = fontMetrics().size(Qt::TextShowMnemonic, option.text) + QSize(line, 0);
     contents.rheight() += isPrimary_ ? line / 2 : line / 5;
     return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
 }
 
 void CaptionButton::initStyleOption(QStyleOptionButton* option) const {
     QPushButton::initStyleOption(option);
-    option->text = option->text.trimmed();
+    option->text = option->text.isEmpty() ? sign_ : option->text.trimmed();
 }
 
 } // namespace brindlewick

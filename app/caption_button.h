@@ -13,6 +13,8 @@ public:
 
     /// Makes the button stand out: bold, and half as high again.
     void makePrimary();
+    /// What is drawn in bold, in place of a picture, on a button without a caption.
+    void setSign(const QString& sign);
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -20,7 +22,10 @@ protected:
     void initStyleOption(QStyleOptionButton* option) const override;
 
 private:
+    void makeBold();
+
     bool isPrimary_ = false;
+    QString sign_;
 };
 
 } // namespace brindlewick

@@ -82,7 +82,9 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
     ListView1->setHint(QString::fromLatin1(inputHint));
     ListView2->setHint(QString::fromLatin1(listHint));
     ListView3->setHint(QString::fromLatin1(listHint));
-    PushButton15->setIcon(PushButton15->style()->standardIcon(QStyle::SP_MessageBoxQuestion));
+    // Drawn, not the style's icon: looking for that one in the desktop's themes takes as long as the rest of
+    // the window's start.
+    PushButton15->setSign(QStringLiteral("?"));
     PushButton7->makePrimary();
     nameForAssistiveTools();
 }

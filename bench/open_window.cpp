@@ -1,10 +1,12 @@
-// Opens the main window, or an empty one, and ends as soon as it has been painted and is idle.
+// Opens the main window, an empty one, or one with a single word in it, and ends as soon as it has been
+// painted and is idle.
 //
-//     open_window main|empty
+//     open_window main|empty|word
 #include "app/main_window.h"
 #include "platform/files.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QTimer>
 #include <cstdlib>
 #include <string_view>
@@ -36,6 +38,8 @@ int main(int count, char** words) {
     }
     QMainWindow window;
     window.resize(800, 600);
+    if (count == 2 && std::string_view(words[1]) == "word") // any text makes the toolkit look for fonts
+        window.setCentralWidget(new QLabel(QStringLiteral("word")));
     const AfterFirstPaint after(window);
     window.show();
     return QApplication::exec();
