@@ -94,12 +94,10 @@ const std::vector<std::u16string>& FolderCollection::acceptedFiles(std::size_t p
     if (folder.failure && !isMissingOrRefused(*folder.failure))
         throw Failure(*folder.failure);
     if (!folder.filesAreChecked) {
-        std::u16string path = folder.path;
+        const FilesOfFolder files(folder.path);
         std::erase_if(folder.fileNames, [&](const std::u16string& name) {
             user.yield();
-            path.resize(folder.path.size());
-            path += name;
-            return !isAcceptedFile(fileStatus(path));
+            return !isAcceptedFile(files.status(name));
         });
         folder.filesAreChecked = true;
     }

@@ -41,6 +41,23 @@ struct FileStatus {
 };
 FileStatus fileStatus(std::u16string_view path) noexcept;
 
+/// Looks at one file after another of a folder, without finding the way to the folder each time.
+class FilesOfFolder {
+public:
+    /// `folder` ends in a separator.
+    explicit FilesOfFolder(std::u16string_view folder);
+    ~FilesOfFolder();
+    FilesOfFolder(const FilesOfFolder&) = delete;
+    FilesOfFolder& operator=(const FilesOfFolder&) = delete;
+
+    /// What fileStatus(folder + name) gives.
+    FileStatus status(std::u16string_view name) const noexcept;
+
+private:
+    std::u16string folder_;
+    std::intptr_t handle_; ///< -1 where the folder cannot be held open
+};
+
 /// One name of a folder's listing. `isFolder` is the operating system's own answer from the listing where it
 /// gives one; a symbolic link is looked at once.
 struct FolderEntry {

@@ -23,14 +23,14 @@ namespace brindlewick {
 namespace {
 
 /// The path as the system calls take it; a NUL inside would cut it short and name another file.
-std::filesystem::path checkedPath(std::u16string_view path) {
+std::string checkedPath(std::u16string_view path) {
     if (path.find(u'\0') != std::u16string_view::npos)
         throw Failure(FailureNumber::fileNotFound);
-    return nativePath(path);
+    return pathBytes(path);
 }
 
 /// Follows links; false, with errno set, when the path cannot be looked at.
-bool look(const std::filesystem::path& path, struct stat& status) {
+bool look(const std::string& path, struct stat& status) {
     return ::stat(path.c_str(), &status) == 0;
 }
 
@@ -41,26 +41,29 @@ bool isLink(const std::string& path) {
 
 /// The path without separators at its end: behind one, the system would look at a link's target and the name
 /// is empty.
-std::string bareText(const std::filesystem::path& path) {
-    std::string text = path.native();
+std::string bareText(std::string text) {
     while (text.size() > 1 && text.back() == '/')
         text.pop_back();
     return text;
 }
 
-unsigned attributesOf(const std::filesystem::path& path, const struct stat& status) {
-    const std::string text = bareText(path);
-    if (S_ISDIR(status.st_mode) && isLink(text))
-        return attribute::linkedFolder;
+unsigned attributesOfName(std::string_view name, const struct stat& status) {
     unsigned attributes = S_ISDIR(status.st_mode) ? attribute::folder : 0;
     if (S_ISREG(status.st_mode))
         attributes |= attribute::file;
-    const std::size_t name = text.find_last_of('/') + 1; // 0 without a separator
-    if (name < text.size() && text[name] == '.')
+    if (name.starts_with('.'))
         attributes |= attribute::hidden;
     if ((status.st_mode & S_IWUSR) == 0)
         attributes |= attribute::readOnly;
     return attributes;
+}
+
+unsigned attributesOf(const std::string& path, const struct stat& status) {
+    const std::string text = bareText(path);
+    if (S_ISDIR(status.st_mode) && isLink(text))
+        return attribute::linkedFolder;
+    return attributesOfName(std::string_view(text).substr(text.find_last_of('/') + 1),
+                            status); // 0 without one
 }
 
 struct CloseFolder {
@@ -70,7 +73,7 @@ struct CloseFolder {
 } // namespace
 
 std::uint64_t fileLength(std::u16string_view path) {
-    const std::filesystem::path native = checkedPath(path);
+    const std::string native = checkedPath(path);
     struct stat status {};
     if (!look(native, status))
         throwSystemFailure(errno, native);
@@ -91,7 +94,7 @@ bool IsFolder(std::u16string_view path) noexcept {
 }
 
 unsigned fileAttributes(std::u16string_view path) {
-    const std::filesystem::path native = checkedPath(path);
+    const std::string native = checkedPath(path);
     struct stat status {};
     if (!look(native, status))
         throwSystemFailure(errno, native);
@@ -100,7 +103,7 @@ unsigned fileAttributes(std::u16string_view path) {
 
 FileStatus fileStatus(std::u16string_view path) noexcept {
     try {
-        const std::filesystem::path native = checkedPath(path);
+        const std::string native = checkedPath(path);
         struct stat status {};
         if (!look(native, status))
             return {};
@@ -110,8 +113,36 @@ FileStatus fileStatus(std::u16string_view path) noexcept {
     }
 }
 
+#if defined(O_PATH)
+constexpr int onlyToLookInside = O_PATH | O_DIRECTORY | O_CLOEXEC; // asks for no right to list the folder
+#else
+constexpr int onlyToLookInside = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+#endif
+
+FilesOfFolder::FilesOfFolder(std::u16string_view folder)
+    : folder_(folder), handle_(::open(checkedPath(folder).c_str(), onlyToLookInside)) {}
+
+FilesOfFolder::~FilesOfFolder() {
+    if (handle_ >= 0)
+        ::close(static_cast<int>(handle_));
+}
+
+FileStatus FilesOfFolder::status(std::u16string_view name) const noexcept {
+    try {
+        const std::string native = checkedPath(name);
+        struct stat status {};
+        const bool isFound =
+            handle_ >= 0 && ::fstatat(static_cast<int>(handle_), native.c_str(), &status, 0) == 0;
+        if (isFound && !S_ISDIR(status.st_mode))
+            return {true, attributesOfName(native, status)};
+    } catch (...) {
+        return {};
+    }
+    return fileStatus(folder_ + std::u16string(name)); // the long way, for what is rare
+}
+
 std::vector<FolderEntry> listFolder(std::u16string_view folder) {
-    const std::filesystem::path native = checkedPath(folder);
+    const std::string native = checkedPath(folder);
     const std::unique_ptr<DIR, CloseFolder> listing(::opendir(native.c_str()));
     if (listing == nullptr) {
         if (errno == ENOENT || errno == ENOTDIR)
@@ -157,7 +188,7 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
 }
 
 std::FILE* createNativeFile(std::u16string_view path) {
-    const std::filesystem::path native = checkedPath(path);
+    const std::string native = checkedPath(path);
     std::FILE* const file = std::fopen(native.c_str(), "wbe"); // "e": closed in child processes
     if (file == nullptr)
         throwSystemFailure(errno, native);
@@ -170,7 +201,7 @@ std::u16string programFolder() {
 }
 
 InputFile::InputFile(std::u16string_view path) : handle_(-1) {
-    const std::filesystem::path native = checkedPath(path);
+    const std::string native = checkedPath(path);
     // Without waiting: opening a pipe that nobody writes to must not hang.
     int file = -1;
     do

@@ -18,6 +18,8 @@ std::filesystem::path nativePath(std::u16string_view path);
 std::u16string pathText(const std::filesystem::path& path);
 /// The inverse for bytes handed in from outside (a command line), POSIX rules on every platform.
 std::u16string textFromPathBytes(std::string_view bytes);
+/// The inverse of textFromPathBytes.
+std::string pathBytes(std::u16string_view path);
 
 /// The text after the last separator of either kind ("/" or "\"), the whole path when it holds none.
 std::u16string_view fileNamePart(std::u16string_view path) noexcept;

@@ -31,6 +31,10 @@ std::size_t validLength(std::string_view bytes) {
 } // namespace
 
 std::filesystem::path nativePath(std::u16string_view path) {
+    return pathBytes(path);
+}
+
+std::string pathBytes(std::u16string_view path) {
     std::string bytes;
     std::size_t runStart = 0;
     for (std::size_t at = 0; at < path.size(); ++at) {
