@@ -6,6 +6,8 @@
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-liberation)
 # What building and running the tests and the benchmarks takes besides.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
+# What counting the engine's instructions takes: a measure without noise, for continuous integration.
+gate_packages=(valgrind python3)
 
 # install_missing PACKAGE...
 install_missing() {
