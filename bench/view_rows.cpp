@@ -86,7 +86,8 @@ int main(int count, char** words) {
         pageTimes.push_back(seconds(timer) + paint(view));
     }
     const double perItemRow = secondsPerItemRow();
+    std::nth_element(pageTimes.begin(), pageTimes.begin() + pages / 2, pageTimes.end());
     std::printf("row %.9f item-row %.9f first-paint %.6f page %.6f\n", perRow, perItemRow, firstPaint,
-                *std::max_element(pageTimes.begin(), pageTimes.end()));
+                pageTimes[pages / 2]);
     return EXIT_SUCCESS;
 }

@@ -83,11 +83,12 @@ public:
 
     /// Reads up to `bytes.size()` bytes, fewer only at the end; gives the count read, 0 at the end.
     std::size_t read(std::span<char> bytes);
-    /// The length in bytes as it stands.
-    std::uint64_t length() const;
+    /// The length in bytes as it was when the file was opened.
+    std::uint64_t length() const noexcept { return length_; }
 
 private:
     std::intptr_t handle_;
+    std::uint64_t length_ = 0;
 };
 
 } // namespace brindlewick

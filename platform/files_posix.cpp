@@ -215,6 +215,7 @@ InputFile::InputFile(std::u16string_view path) : handle_(-1) {
         throw Failure(FailureNumber::permissionDenied);
     }
     handle_ = file;
+    length_ = static_cast<std::uint64_t>(status.st_size);
 }
 
 InputFile::~InputFile() {
@@ -234,13 +235,6 @@ std::size_t InputFile::read(std::span<char> bytes) {
         count += static_cast<std::size_t>(got);
     }
     return count;
-}
-
-std::uint64_t InputFile::length() const {
-    struct stat status {};
-    if (::fstat(static_cast<int>(handle_), &status) != 0)
-        throwSystemFailure(errno);
-    return static_cast<std::uint64_t>(status.st_size);
 }
 
 } // namespace brindlewick
