@@ -29,7 +29,8 @@ QSize CaptionButton::sizeHint() const {
     const int line = fontMetrics().height();
     QSize contents = fontMetrics().size(Qt::TextShowMnemonic, option.text) + QSize(line, 0);
     contents.rheight() += isPrimary_ ? line / 2 : line / 5;
-    return style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
+    const QSize size = style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
+    return sign_.isEmpty() ? size : QSize(size.height(), size.height()); // a style makes room for words
 }
 
 void CaptionButton::initStyleOption(QStyleOptionButton* option) const {
