@@ -159,6 +159,8 @@ FragmentReading FragmentLineReader::readBatch(std::u16string_view text, std::int
                                               std::size_t batchLength) {
     if (lines_.length() > longestBatchBefore)
         startBatch();
+    nesting_ = 1; // a failure may have left both anywhere
+    keys_.clear();
     text_ = text;
     at_ = position < 1 ? 0 : static_cast<std::size_t>(position - 1);
     const auto isNearCut = [&] { return !isWhole && at_ + farthestLook > text.size(); };
@@ -180,8 +182,6 @@ FragmentReading FragmentLineReader::readBatch(std::u16string_view text, std::int
         JsonParser().parse(text, end);
         at_ = static_cast<std::size_t>(end - 1);
         reading = isNearCut() ? FragmentReading::needsText : FragmentReading::tooLong;
-        keys_.clear();
-        nesting_ = 1;
     }
     if (reading != FragmentReading::line)
         lines_.cutTo(lineStart_);

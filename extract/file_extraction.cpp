@@ -70,7 +70,12 @@ bool FileExtraction::extractPiece() {
 
     for (;;) {
         BatchEnd end = BatchEnd::pieceEnd;
-        if (!guard_([&] { end = reader_.nextBatch(); }))
+        const bool isRead = guard_([&] {
+            end = reader_.nextBatch();
+            if (mode_ != ExtractionMode::all)
+                matcher_.findCandidates(reader_.batch(), candidates_);
+        });
+        if (!isRead)
             return false;
         extractBatch(reader_.batch());
         if (end == BatchEnd::pieceEnd)
@@ -91,7 +96,6 @@ void FileExtraction::extractBatch(const LineBatch& batch) {
             });
         return;
     }
-    matcher_.findCandidates(batch, candidates_);
     for (const std::uint32_t line : candidates_)
         guard_([&] {
             if (const std::size_t matches = matcher_.countMatches(batch[line]); matches > 0)

@@ -122,7 +122,7 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
     std::uint64_t added = 0;
     // Not emptied between the folders of one drop: the files of the earlier ones are listed again with every
     // later one. Odd, and kept.
-    FolderCollection folders(u"*.*");
+    std::optional<FolderCollection> folders;
     for (const std::u16string& item : items) {
         if (!IsFolder(item)) {
             guard([&] { inputFiles_.append(item); });
@@ -133,8 +133,10 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
             guard([&] { user_.setPointer(PointerShape::hourglass); });
         hasScanned = true;
         guard([&] {
-            folders.addStartFolder(item);
-            added += appendFilesOfTree(user_, guard, folders, inputFiles_);
+            if (!folders)
+                folders.emplace(u"*.*");
+            folders->addStartFolder(item);
+            added += appendFilesOfTree(user_, guard, *folders, inputFiles_);
         });
     }
     if (!hasScanned)

@@ -1,0 +1,204 @@
+// Memory that is refused once, at every place where it is asked for: the operation ends, says so, and the
+// next one is none the worse.
+
+#include "extract/extraction_run.h"
+#include "lists/input_file_handlers.h"
+#include "lists/list_file.h"
+#include "output/aligned_text.h"
+#include "output/clipboard_text.h"
+#include "output/comma_delimited_text.h"
+#include "platform/error_report.h"
+#include "support/fake_settings.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <limits>
+#include <new>
+#include <optional>
+
+namespace {
+
+/// How many more allocations succeed before one fails; then all do again.
+std::size_t allocationsLeft = std::numeric_limits<std::size_t>::max();
+bool wasRefused = false;
+
+void* allocate(std::size_t size) {
+    if (allocationsLeft-- == 0) {
+        wasRefused = true;
+        throw std::bad_alloc();
+    }
+    if (void* const memory = std::malloc(size == 0 ? 1 : size))
+        return memory;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    return allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace brindlewick {
+namespace {
+
+using testing::FakeSettings;
+using testing::TemporaryFolder;
+
+/// Counts, and asks for no memory of its own.
+class CountingUser : public UserInterface {
+public:
+    int errors = 0;
+    int foreignErrors = 0; ///< reports of anything but memory
+
+    void showMessage(std::u16string_view) override {}
+    void showApplicationError(std::u16string_view text) override {
+        ++errors;
+        foreignErrors += text.starts_with(u"Out of memory") ? 0 : 1;
+    }
+    bool askYesNo(std::u16string_view) override { return true; }
+    std::u16string askText(std::u16string_view, std::u16string_view) override { return {}; }
+    std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
+    std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
+    std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }
+    void setPointer(PointerShape shape) override { pointer_ = shape; }
+    PointerShape pointer() const override { return pointer_; }
+    void yield() override {}
+    void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
+    void endProgress(std::u16string_view) override {}
+    void setClipboardText(std::u16string_view) override {}
+    void openFolder(std::u16string_view) override {}
+
+private:
+    PointerShape pointer_ = PointerShape::standard;
+};
+
+/// Does `operation` with the first allocation refused, then with the second, and so on, until it needs no
+/// more. `after` sees what each left.
+void refuseEveryAllocation(CountingUser& user, const std::function<void()>& operation,
+                           const std::function<void()>& after) {
+    constexpr std::size_t mostAllocations = 20000;
+    for (std::size_t place = 0; place < mostAllocations; ++place) {
+        user.errors = 0;
+        wasRefused = false;
+        allocationsLeft = place;
+        operation();
+        allocationsLeft = std::numeric_limits<std::size_t>::max();
+        EXPECT_EQ(user.foreignErrors, 0) << place;
+        EXPECT_EQ(user.pointer(), PointerShape::standard) << place;
+        after();
+        if (!wasRefused || ::testing::Test::HasFailure())
+            return;
+    }
+    FAIL() << "the operation never came to an end";
+}
+
+class RefusedMemory : public ::testing::Test {
+protected:
+    TemporaryFolder folder;
+    CountingUser user;
+};
+
+class RefusedMemoryInARun : public RefusedMemory, public ::testing::WithParamInterface<ExtractionMode> {};
+
+TEST_P(RefusedMemoryInARun, EndsARunWithTheRowsOfTheOtherFiles) {
+    // The list comes last: what a run has seen of one changes the rows that follow.
+    const std::string deep = "{\"name\":{\"name\":{\"a b\":1 \"name\":2 \"c\":3 \"d\":4 \"e\":5 \"f\":6 "
+                             "\"g\":7 \"h\":8 \"i\":9}}}\n{\"name\":[1,2]}\n";
+    std::string many;
+    for (int record = 0; record < 2000; ++record)
+        many += "{\"name\":\"some text\",\"id\":1},\n";
+    const std::vector<std::u16string> paths = {folder.write("a.json", "{\"name\":1}\n"),
+                                               folder.write("b.json", "\xEF\xBB\xBF" + many),
+                                               folder.write("c.json", deep)};
+    const std::vector<std::u16string> tags = {u"name", u"id"};
+    FakeSettings settings;
+    ExtractionOptions options(settings);
+    options.chooseMode(GetParam());
+    ResultsTable table;
+    ExtractionRun run(user, options, paths, tags, table);
+    run.PushButton7_Click();
+    const std::size_t allRows = table.rowCount();
+    ASSERT_GE(allRows, 2U);
+
+    refuseEveryAllocation(
+        user, [&] { run.PushButton7_Click(); },
+        [&] {
+            EXPECT_LE(table.rowCount(), allRows);
+            EXPECT_TRUE(table.rowCount() == allRows || user.errors > 0 || wasRefused);
+            run.PushButton7_Click();
+            EXPECT_EQ(table.rowCount(), allRows);
+        });
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, RefusedMemoryInARun,
+                         ::testing::Values(ExtractionMode::valueAndTag, ExtractionMode::entireLine,
+                                           ExtractionMode::all));
+
+TEST_F(RefusedMemory, EndsAScanAndAListFile) {
+    folder.write("tree/one/a.json", "{}");
+    folder.write("tree/two/b.json", "{}");
+    const std::u16string list =
+        folder.write("list.txt", "first path\r\nsecond path\r\nthird path, a long one\r\n");
+    FakeSettings settings;
+    TextList files;
+    InputFileHandlers handlers(user, settings, files);
+    const std::vector<std::u16string> dropped = {folder.text("tree")};
+    const Guard guard(user, u"here ");
+    refuseEveryAllocation(
+        user,
+        [&] {
+            handlers.ListView1_OLEDragDrop(dropped);
+            guard([&] { ReadListFile(user, list, files); });
+        },
+        [&] {
+            files.clear();
+            handlers.ListView1_OLEDragDrop(dropped);
+            ReadListFile(user, list, files);
+            EXPECT_EQ(files.size(), 5U);
+            files.clear();
+        });
+}
+
+TEST_F(RefusedMemory, EndsTheOutputs) {
+    ResultsTable table;
+    table.setColumns(true);
+    table.beginFile(u"/data/a file.json");
+    for (int row = 0; row < 100; ++row)
+        table.appendRow(table.store(u"a text of some length"), true);
+    const ResultsListview view(table);
+    const std::u16string aligned = folder.text("aligned.txt");
+    const std::u16string comma = folder.text("comma.txt");
+    const Guard guard(user, u"here ");
+    const auto saveAndCopy = [&] {
+        SaveListviewProperlySpaced(user, view, aligned, nullptr);
+        SaveListviewAsCommaDelimToFile(user, view, comma, nullptr);
+        guard([&] { CopyListviewToClipboard(user, view); });
+    };
+    saveAndCopy();
+    const std::string whole = folder.read("aligned.txt") + folder.read("comma.txt");
+    refuseEveryAllocation(user, saveAndCopy, [&] {
+        saveAndCopy();
+        EXPECT_EQ(folder.read("aligned.txt") + folder.read("comma.txt"), whole);
+    });
+}
+
+} // namespace
+} // namespace brindlewick
