@@ -7,13 +7,11 @@ build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-liberat
 # What building and running the tests and the benchmarks takes besides.
 # The last three judge the menu entry, the metainfo and the manual page.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils appstream man-db)
-# What using the window from outside takes besides: a display, a window manager, mouse and keys, the clipboard,
-# pictures, and the bus on which programs tell blind people's tools what they show.
-session_packages=(xvfb openbox xdotool xclip imagemagick dbus at-spi2-core python3-pyatspi)
+# What using the real program from outside takes: a display, a window manager, mouse and keys, the clipboard,
+# pictures, the accessibility bus.
+session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
 # What trying the package on a bare machine takes besides.
 package_check_packages=(lintian debootstrap)
-# What using the real program from outside takes: a display, a window manager, mouse and keys, the accessibility bus.
-session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
 # What counting the engine's instructions takes: a measure without noise, for continuous integration.
 gate_packages=(valgrind python3)
 
