@@ -77,7 +77,13 @@ class Desktop:
 
     def click(self, name):
         print(f"    click {name!r}")
-        control = self.wait(f"the control {name!r}", lambda: self.find(name))
+        self.click_on(self.wait(f"the control {name!r}", lambda: self.find(name)))
+
+    def click_row(self, name, row):
+        print(f"    click row {row + 1} of {name!r}")
+        self.click_on(self.find(name).queryTable().getAccessibleAt(row, 0))
+
+    def click_on(self, control):
         box = control.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
         self.xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1")
 
@@ -90,13 +96,7 @@ class Desktop:
         self.wait(f"the message {text!r}", lambda: self.message(text))
         if picture:
             self.picture(picture)
-        self.press_while_shown(text, button)
 
-    def close_messages(self):
-        """Presses OK in whatever message an operation ends with, until none is left."""
-        self.press_while_shown("", "OK")
-
-    def press_while_shown(self, text, button):
         def none_is_left():
             dialog = self.message(text)
             if dialog:
@@ -106,13 +106,15 @@ class Desktop:
             return dialog is None and not self.soon(lambda: self.message(text), 0.2)
         self.wait(f"the messages {text!r} to end", none_is_left)
 
-    def choose_file(self, path):
+    def choose_file(self, path, picture=None):
         def field():
             dialog = self.dialog()
             return dialog and next(self.walk(dialog, lambda one: one.getRoleName() == "text" and self.is_in(one, "focused")), None)
         self.wait("the file dialog", field)
         self.xdotool("key", "ctrl+a")
         self.xdotool("type", "--delay", "1", path)
+        if picture:
+            self.picture(picture)
         # A list of proposals takes the first Return in some dialogs.
         for _ in range(2):
             self.xdotool("key", "Return")
@@ -136,6 +138,10 @@ class Desktop:
     def is_checked(self, name):
         control = self.find(name)
         return control is not None and self.is_in(control, "checked")
+
+    def expect(self, what, condition):
+        self.wait(what, condition)
+        self.check(what, True)
 
     def wait_for_the_end(self):
         self.check("the program ends without an error", self.process.wait(DEADLINE) == 0)
@@ -202,16 +208,13 @@ class Desktop:
             button = next(self.walk(dialog, lambda one: one.name.replace("&", "") == name), None)
             if button is None:
                 return
-            box = button.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
+            self.click_on(button)
         except Exception:  # pylint: disable=broad-except
             return
         print(f"    press {name!r}")
-        self.xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1")
 
     def is_in(self, control, state):
-        states = {"checked": self.bus.STATE_CHECKED, "focused": self.bus.STATE_FOCUSED, "visible": self.bus.STATE_VISIBLE, "showing": self.bus.STATE_SHOWING,
-                  "focusable": self.bus.STATE_FOCUSABLE}
-        return control.getState().contains(states[state])
+        return control.getState().contains(getattr(self.bus, "STATE_" + state.upper()))
 
     def soon(self, condition, seconds=1.0):
         end = time.monotonic() + seconds
