@@ -1,7 +1,6 @@
 #include "core/fragment_line_reader.h"
 
 #include "core/decimal_number.h"
-#include "core/json_parser.h"
 #include "core/json_value.h"
 #include "core/unit_block.h"
 
@@ -143,7 +142,8 @@ unsigned hexadecimalValue(std::u16string_view digits) {
 
 } // namespace
 
-FragmentLineReader::FragmentLineReader() : lines_(longestText + longestBatchBefore) {}
+FragmentLineReader::FragmentLineReader(std::size_t longestLine)
+    : lines_(longestLine + std::min(16 * longestLine, longestBatchBefore)), longestLine_(longestLine) {}
 
 void FragmentLineReader::startBatch() noexcept {
     lines_.cutTo(0);
@@ -159,7 +159,8 @@ FragmentReading FragmentLineReader::readBatch(std::u16string_view text, std::int
                                               std::size_t batchLength) {
     if (lines_.length() > longestBatchBefore)
         startBatch();
-    nesting_ = 1; // a failure may have left both anywhere
+    nesting_ = 1; // a failure may have left these anywhere
+    isMeasuring_ = false;
     keys_.clear();
     text_ = text;
     at_ = position < 1 ? 0 : static_cast<std::size_t>(position - 1);
@@ -177,10 +178,14 @@ FragmentReading FragmentLineReader::readBatch(std::u16string_view text, std::int
                 ends_.push_back(static_cast<std::uint32_t>(lines_.length()));
         } while (reading == FragmentReading::line && lines_.length() < batchLength);
     } catch (const Failure&) {
-        // The plain way knows where the fragment ends, however long its line.
-        std::int32_t end = static_cast<std::int32_t>(start + 1);
-        JsonParser().parse(text, end);
-        at_ = static_cast<std::size_t>(end - 1);
+        // The same once more, without its line, to know where the fragment ends.
+        isMeasuring_ = true;
+        nesting_ = 1;
+        keys_.clear();
+        lines_.cutTo(lineStart_);
+        at_ = start;
+        readFragment();
+        isMeasuring_ = false;
         reading = isNearCut() ? FragmentReading::needsText : FragmentReading::tooLong;
     }
     if (reading != FragmentReading::line)
@@ -197,7 +202,7 @@ inline FragmentReading FragmentLineReader::readFragment() {
         readArray();
     else
         readObject();
-    return lines_.length() - lineStart_ > longestText ? FragmentReading::tooLong : FragmentReading::line;
+    return lines_.length() - lineStart_ > longestLine_ ? FragmentReading::tooLong : FragmentReading::line;
 }
 
 bool FragmentLineReader::hasBlock(std::size_t at) const noexcept {
@@ -311,6 +316,8 @@ void FragmentLineReader::readMembers(std::size_t objectStart, FirstMember firstM
             break;
         }
         keys_.push_back(key);
+        if (isMeasuring_)
+            lines_.cutTo(key.start + key.length);
     }
     keys_.resize(firstKey);
     lines_.makeRoom(1);
@@ -425,6 +432,8 @@ void FragmentLineReader::readArray() {
             break;
         }
         isFirst = false;
+        if (isMeasuring_)
+            lines_.cutTo(elementStart);
     }
     lines_.makeRoom(1);
     lines_.put(u']');
@@ -483,7 +492,10 @@ void FragmentLineReader::readString() {
     ++at_;
     lines_.makeRoom(2);
     lines_.put(u'"');
+    const std::size_t start = lines_.length();
     for (;;) {
+        if (isMeasuring_)
+            lines_.cutTo(start);
         unsigned stops = 0;
         while (stops == 0 && hasBlock(at_)) {
             const UnitBlock block(&text_[at_]);
@@ -511,7 +523,7 @@ void FragmentLineReader::readString() {
         else
             putEncoded(c);
         // Text beyond ASCII: one unit that needs care follows another.
-        for (; at_ < text_.size() && text_[at_] >= 128; ++at_)
+        for (; !isMeasuring_ && at_ < text_.size() && text_[at_] >= 128; ++at_)
             putEncoded(text_[at_]);
     }
     lines_.makeRoom(1);

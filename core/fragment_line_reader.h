@@ -17,14 +17,15 @@ enum class FragmentReading {
     line,      ///< its line is the batch's last
     end,       ///< there is none: no text is left
     needsText, ///< how it goes on lies behind the text at hand
-    tooLong,   ///< its line would be longer than `longestText`; it is passed over
+    tooLong,   ///< its line would be longer than lines may be; it is passed over
 };
 
 /// Gives, fragment by fragment, the same lines and the same positions as JsonParser::parse followed by
 /// serialize, which stay the readable statement of the rules. It keeps no error texts.
 class FragmentLineReader {
 public:
-    FragmentLineReader();
+    /// Lines longer than `longestLine` code units are not given.
+    explicit FragmentLineReader(std::size_t longestLine = longestText);
 
     /// Forgets the lines read so far.
     void startBatch() noexcept;
@@ -83,7 +84,9 @@ private:
     std::u16string_view text_;
     std::size_t at_ = 0;
     int nesting_ = 1;
-    UnitBuffer lines_; ///< of the batch, one behind the other
+    bool isMeasuring_ = false; ///< what is written is dropped as soon as nothing depends on it
+    UnitBuffer lines_;         ///< of the batch, one behind the other
+    std::size_t longestLine_;
     std::size_t lineStart_ = 0;
     std::vector<std::uint32_t> ends_;
     std::vector<Key> keys_; ///< of the objects being read, innermost last

@@ -57,6 +57,19 @@ ByteOrderMark DetectByteOrderMark(std::string_view firstBytes) noexcept {
 TextFileReader::TextFileReader() : bytes_(std::make_unique_for_overwrite<char[]>(bufferLength)) {}
 
 bool TextFileReader::open(std::u16string_view path) {
+    const bool hasBytes = start(path);
+    // No character has more bytes than three a code unit, none fewer than one. What lies between is counted.
+    if (!mark_.isUtf8 || file_->length() <= longestText)
+        return hasBytes;
+    if (file_->length() > 3 * (longestText + 1))
+        throw Failure(FailureNumber::outOfMemory);
+    nextPiece();
+    for (UnitBuffer text(longestText); readMore(text);)
+        text.cutTo(0);
+    return start(path);
+}
+
+bool TextFileReader::start(std::u16string_view path) {
     file_.emplace(path);
     begin_ = end_ = 0;
     gaveAPiece_ = false;

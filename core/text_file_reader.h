@@ -46,7 +46,7 @@ public:
     bool nextPiece();
     /// Appends the piece's next stretch to `text`, at most pieceLength code units; false, with nothing
     /// appended, when there is none left. Fails with deviceIoError when reading does, with outOfMemory when
-    /// the piece is longer than `longestText`.
+    /// the piece has become longer than `longestText` since the file was opened.
     bool readMore(UnitBuffer& text);
     /// True when readMore has nothing more to append.
     bool isPieceComplete() const noexcept { return isPieceComplete_; }
@@ -54,6 +54,7 @@ public:
     std::uint64_t bytesRead() const noexcept { return bytesRead_; }
 
 private:
+    bool start(std::u16string_view path);
     void ReadUtf8Stream(UnitBuffer& text);
     void ReadWithTextStream(UnitBuffer& text);
     /// Reads until `wanted` bytes are there, or the file ends.

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <memory>
+#include <new>
 #include <string_view>
 
 namespace brindlewick {
@@ -45,14 +47,21 @@ private:
         // What is asked for is an upper bound, so only what was put can be too long.
         if (length_ > longest_)
             throw Failure(FailureNumber::outOfMemory);
-        const std::size_t capacity = std::max(capacity_ * 2, length_ + count + 1024);
-        auto units = std::make_unique_for_overwrite<char16_t[]>(capacity);
-        std::copy_n(units_.get(), length_, units.get());
-        units_ = std::move(units);
+        const std::size_t capacity = std::max(std::min(capacity_ * 2, longest_), length_ + count + 1024);
+        // Not new memory and a copy: the system moves large blocks without touching them.
+        void* const units = std::realloc(units_.get(), capacity * sizeof(char16_t));
+        if (units == nullptr)
+            throw std::bad_alloc();
+        static_cast<void>(units_.release());
+        units_.reset(static_cast<char16_t*>(units));
         capacity_ = capacity;
     }
 
-    std::unique_ptr<char16_t[]> units_;
+    struct Free {
+        void operator()(char16_t* units) const noexcept { std::free(units); }
+    };
+
+    std::unique_ptr<char16_t[], Free> units_;
     std::size_t length_ = 0;
     std::size_t capacity_ = 0;
     std::size_t longest_;

@@ -160,6 +160,32 @@ TEST(FragmentLineReader, AgreesWithThePlainWayOnNoise) {
         expectTheSame(generator.noise(1 + generator.below(40)));
 }
 
+TEST(FragmentLineReader, KnowsWhereAFragmentEndsWhoseLineIsTooLong) {
+    constexpr std::size_t longestLine = 1000;
+    Generator generator(5);
+    int tooLong = 0;
+    for (int round = 0; round < 2000; ++round) {
+        std::u16string text = u"{\"first\":1}[";
+        for (std::size_t elements = generator.below(60); elements > 0; --elements)
+            text += generator.value(4) + u",";
+        text = generator.mutated(text + std::u16string(generator.below(4000), u'\u00E9') +
+                                 u"\\n\u00E9\"],\"k\":2}") +
+               farEnd;
+        FragmentLineReader reader(longestLine);
+        std::int32_t position = 1;
+        std::int32_t plainPosition = 1;
+        while (const std::optional<JsonValue> fragment = JsonParser().parse(text, plainPosition)) {
+            const std::u16string line = serialize(*fragment);
+            const FragmentReading reading = reader.next(text, position);
+            ASSERT_EQ(reading, line.size() > longestLine ? FragmentReading::tooLong : FragmentReading::line)
+                << toUtf8(text);
+            ASSERT_EQ(position, plainPosition) << toUtf8(text);
+            tooLong += reading == FragmentReading::tooLong ? 1 : 0;
+        }
+    }
+    EXPECT_GT(tooLong, 100);
+}
+
 TEST(FragmentLineReader, AgreesWithThePlainWayAtTheLimits) {
     std::u16string manyKeys = u"{";
     for (int key = 0; key < 3000; ++key) {
