@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStorageInfo>
@@ -20,6 +21,8 @@
 namespace brindlewick {
 
 namespace {
+
+constexpr int longestWait = 500; // ms, for another window that saves
 
 QString settingsFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -106,6 +109,12 @@ std::u16string SettingsFile::GetSetting(std::u16string_view key, std::u16string_
 void SettingsFile::SaveSetting(std::u16string_view key, std::u16string_view value) {
     if (!isKey(key))
         throw Failure(FailureNumber::invalidProcedureCall);
+    // Between reading and writing another window may save, too. Whoever cannot lock goes on without: a lost
+    // setting is better than a window that hangs.
+    std::error_code ignored;
+    std::filesystem::create_directories(QFileInfo(settingsFolder()).filesystemFilePath(), ignored);
+    QLockFile lock(settingsPath() + QStringLiteral(".lock"));
+    lock.tryLock(longestWait);
     const QByteArray bytes = readSettings().value_or(QByteArray());
     const std::string_view file(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     writeSettings(textWithSetting(file, key, value));

@@ -13,6 +13,7 @@
 #include <optional>
 #ifdef __unix__
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #endif
 
@@ -245,6 +246,54 @@ TEST_F(SettingsFileTest, aWriteThatFailsHalfwayLeavesTheOldFile) {
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "a temporary file was left behind";
     SettingsFile().SaveSetting(u"Option", u"2");
     EXPECT_EQ(SettingsFile().GetSetting(u"Option", u""), u"2");
+}
+
+/// Another process that saves `key` again and again, each time one character many times over.
+pid_t startWriter(std::u16string_view key, int rounds) {
+    const pid_t child = fork();
+    if (child != 0)
+        return child;
+    for (int round = 0; round < rounds; ++round)
+        SettingsFile().SaveSetting(key, std::u16string(20'000, static_cast<char16_t>(u'a' + round % 26)));
+    _exit(0);
+}
+
+bool isWhole(const std::u16string& value) {
+    return value.empty() || (value.size() == 20'000 && value.find_first_not_of(value[0]) == value.npos);
+}
+
+TEST_F(SettingsFileTest, twoWindowsThatSaveAtOnceLoseNothing) {
+    constexpr int rounds = 60;
+    SettingsFile().SaveSetting(u"Option", u"3");
+    const pid_t writers[] = {startWriter(u"Tags", rounds), startWriter(u"Snapshot", rounds)};
+    for (std::size_t left = 2; left > 0;) {
+        EXPECT_TRUE(isWhole(SettingsFile().GetSetting(u"Tags", u"")));
+        EXPECT_TRUE(isWhole(SettingsFile().GetSetting(u"Snapshot", u"")));
+        int status = 0;
+        if (waitpid(-1, &status, WNOHANG) > 0) {
+            EXPECT_EQ(status, 0);
+            --left;
+        }
+    }
+    const std::u16string last(20'000, static_cast<char16_t>(u'a' + (rounds - 1) % 26));
+    for (const auto& [key, value] :
+         {std::pair(u"Tags", last), std::pair(u"Snapshot", last), std::pair(u"Option", std::u16string(u"3"))})
+        EXPECT_TRUE(SettingsFile().GetSetting(key, u"") == value);
+    EXPECT_GT(writers[0] + writers[1], 0);
+}
+
+TEST_F(SettingsFileTest, aKillInTheMiddleOfAWriteLeavesAWholeFile) {
+    SettingsFile().SaveSetting(u"Option", u"3");
+    for (int kills = 0; kills < 20; ++kills) {
+        const pid_t writer = startWriter(u"Tags", 1'000'000);
+        usleep(static_cast<useconds_t>(500 * kills));
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+        ASSERT_TRUE(isWhole(SettingsFile().GetSetting(u"Tags", u""))) << kills;
+        ASSERT_EQ(SettingsFile().GetSetting(u"Option", u""), u"3") << kills;
+    }
+    SettingsFile().SaveSetting(u"Tags", u"after");
+    EXPECT_EQ(SettingsFile().GetSetting(u"Tags", u""), u"after");
 }
 #endif
 
