@@ -205,6 +205,14 @@ inline FragmentReading FragmentLineReader::readFragment() {
     return lines_.length() - lineStart_ > longestLine_ ? FragmentReading::tooLong : FragmentReading::line;
 }
 
+inline void FragmentLineReader::countValue() {
+    if (--valuesUntilPause_ > 0)
+        return;
+    valuesUntilPause_ = valuesBetweenPauses;
+    if (pause_)
+        pause_();
+}
+
 bool FragmentLineReader::hasBlock(std::size_t at) const noexcept {
     return at + blockLength <= text_.size();
 }
@@ -316,6 +324,7 @@ void FragmentLineReader::readMembers(std::size_t objectStart, FirstMember firstM
             break;
         }
         keys_.push_back(key);
+        countValue();
         if (isMeasuring_)
             lines_.cutTo(key.start + key.length);
     }
@@ -432,6 +441,7 @@ void FragmentLineReader::readArray() {
             break;
         }
         isFirst = false;
+        countValue();
         if (isMeasuring_)
             lines_.cutTo(elementStart);
     }

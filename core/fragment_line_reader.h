@@ -7,7 +7,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace brindlewick {
@@ -27,6 +29,8 @@ public:
     /// Lines longer than `longestLine` code units are not given.
     explicit FragmentLineReader(std::size_t longestLine = longestText);
 
+    /// Has `pause` called now and then while a very long fragment is read.
+    void setPause(std::function<void()> pause) { pause_ = std::move(pause); }
     /// Forgets the lines read so far.
     void startBatch() noexcept;
     /// Reads the fragment at `position` (1-based, in and out) and adds its line to the batch. Unless
@@ -76,6 +80,9 @@ private:
     void readKey();
     bool readPlainKey();
     void putEncoded(char16_t unit);
+    void countValue();
+
+    static constexpr std::size_t valuesBetweenPauses = std::size_t{1} << 15;
 
     bool atEnd() const noexcept { return at_ >= text_.size(); }
     bool hasBlock(std::size_t at) const noexcept;
@@ -89,6 +96,8 @@ private:
     std::size_t longestLine_;
     std::size_t lineStart_ = 0;
     std::vector<std::uint32_t> ends_;
+    std::function<void()> pause_;
+    std::size_t valuesUntilPause_ = valuesBetweenPauses;
     std::vector<Key> keys_; ///< of the objects being read, innermost last
 };
 

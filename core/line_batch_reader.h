@@ -6,7 +6,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
+#include <utility>
 
 namespace brindlewick {
 
@@ -24,6 +26,8 @@ class LineBatchReader {
 public:
     LineBatchReader() : window_(longestText) {}
 
+    /// Has `pause` called now and then while a very long fragment is read.
+    void setPause(std::function<void()> pause) { lines_.setPause(std::move(pause)); }
     /// Opens the file; false when it has no bytes. Fails as TextFileReader does.
     bool open(std::u16string_view path) { return file_.open(path); }
     void close() noexcept { file_.close(); }

@@ -22,7 +22,9 @@ FileExtraction::FileExtraction(UserInterface& user, const Guard& guard, const Ex
                                const std::vector<std::u16string>& tags, ResultsTable& table,
                                std::function<void()> afterSome)
     : user_(user), guard_(guard), options_(options), tags_(tags), table_(table),
-      afterSome_(std::move(afterSome)), matcher_(tags) {}
+      afterSome_(std::move(afterSome)), matcher_(tags) {
+    reader_.setPause(afterSome_);
+}
 
 void FileExtraction::extractFile(const std::u16string& path) {
     const std::size_t rowsBefore = table_.rowCount();

@@ -150,6 +150,23 @@ TEST_F(Run, ReportsAFragmentThatGrowsTooLargeAndGoesOn) {
     EXPECT_TRUE(user.errors[0].starts_with(u"Out of memory\r\n"));
 }
 
+TEST_F(Run, LetsEventsThroughInsideALongFragment) {
+    std::string list = "\xEF\xBB\xBF[";
+    std::string object = "\xEF\xBB\xBF{";
+    for (int value = 0; value < 400000; ++value) {
+        list += "1,";
+        object += "k" + std::to_string(value) + ":1 ";
+    }
+    tags = {u"no such tag"};
+    for (const std::string& fragment : {list + "1]\n", object + "}\n"}) {
+        paths.clear();
+        add(fragment);
+        user.yields = 0;
+        extract(ExtractionMode::entireLine);
+        EXPECT_GT(user.yields, 10U);
+    }
+}
+
 TEST_F(Run, ToleratesAListThatShrinksMeanwhile) {
     add(R"({"a":1} )");
     add(R"({"a":2} )");
