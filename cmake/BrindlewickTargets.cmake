@@ -12,6 +12,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # GCC 12 sees overlapping copies in every optimised std::string concatenation (GCC bug 105651).
   target_compile_options(brindlewick_options INTERFACE -Wno-restrict)
 endif()
+if(WIN32)
+  # windows.h with its wide calls, without its rarer parts and without macros named min and max.
+  target_compile_definitions(brindlewick_options INTERFACE UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
+endif()
 if(BRINDLEWICK_WARNINGS_AS_ERRORS)
   target_compile_options(brindlewick_options INTERFACE -Werror)
 endif()
@@ -19,6 +23,14 @@ if(BRINDLEWICK_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(brindlewick_options INTERFACE ${sanitizers})
   target_link_options(brindlewick_options INTERFACE ${sanitizers})
+endif()
+
+# What needs the operating system stands in a source named for it, x_posix.cpp, and has a twin, x_windows.cpp;
+# so do the tests. This is the word in the name.
+if(WIN32)
+  set(BRINDLEWICK_SYSTEM windows)
+else()
+  set(BRINDLEWICK_SYSTEM posix)
 endif()
 
 # brindlewick_folder_library(NAME SOURCES file... [LINKS target...])

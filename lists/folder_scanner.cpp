@@ -151,11 +151,8 @@ void FolderCollection::list(Folder& folder) {
     std::vector<std::u16string> fileNames;
     for (FolderEntry& entry : entries) {
         if (entry.isFolder) {
-            // A link to a folder is a junction; of any other folder the walk only needs to know that it is
-            // one.
-            const unsigned attributes = entry.isSymbolicLink ? attribute::linkedFolder : attribute::folder;
             if (isAcceptedFolderName(entry.name))
-                subfolders.push_back(idOf(withSeparator(folder.path + entry.name), attributes));
+                subfolders.push_back(idOf(withSeparator(folder.path + entry.name), entry.folderAttributes));
         } else if (!isTemporaryCopy(entry.name) && matchesPattern(entry.name, filePattern_)) {
             fileNames.push_back(std::move(entry.name));
         }

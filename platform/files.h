@@ -13,17 +13,20 @@
 
 namespace brindlewick {
 
-/// Attribute bits, added up.
+/// Attribute bits, added up. On Windows they are the file system's own; elsewhere they stand for what is said
+/// here.
 namespace attribute {
 inline constexpr unsigned readOnly = 1; ///< no write permission for the user
 inline constexpr unsigned hidden = 2;   ///< the name begins with "."
+inline constexpr unsigned system = 4;   ///< Windows alone
 inline constexpr unsigned folder = 16;
-inline constexpr unsigned file = 32; ///< a regular file
-inline constexpr unsigned linkedFolder =
-    1046; ///< a symbolic link to a folder: the whole value, as a junction has
+inline constexpr unsigned file = 32;      ///< a regular file; on Windows one that waits for its back-up
+inline constexpr unsigned reparse = 1024; ///< Windows alone: a link or a junction among others
+/// A symbolic link to a folder: the whole value, as Windows' own junctions have.
+inline constexpr unsigned linkedFolder = reparse + folder + system + hidden;
 } // namespace attribute
 
-/// The length in bytes. Fails when the file cannot be looked at.
+/// The length in bytes. Fails when the file cannot be looked at, and with permissionDenied for a folder.
 std::uint64_t fileLength(std::u16string_view path);
 /// True when the path's modification time can be read: a folder counts too. Never fails.
 bool FileExists(std::u16string_view path) noexcept;
@@ -63,7 +66,8 @@ private:
 struct FolderEntry {
     std::u16string name;
     bool isFolder = false; ///< a folder, or a symbolic link to one
-    bool isSymbolicLink = false;
+    /// Of a folder: folder or linkedFolder, on Windows all its bits. 0 for what is none.
+    unsigned folderAttributes = 0;
 };
 /// Everything in the folder but "." and "..", ordered by name without regard to case, then by code unit.
 /// Fails with permissionDenied or pathNotFound when the folder cannot be read.
@@ -89,6 +93,25 @@ public:
 private:
     std::intptr_t handle_;
     std::uint64_t length_ = 0;
+};
+
+/// A file open for writing bytes, unbuffered. Child processes do not inherit it.
+class OutputFile {
+public:
+    /// Creates the file, replacing one of that name.
+    explicit OutputFile(std::u16string_view path);
+    /// Closes the file; a failure to do so is lost here, so call close() first.
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    /// Writes all the bytes; when it fails, some of them may be written.
+    void write(std::string_view bytes);
+    /// To be called once, and nothing after it.
+    void close();
+
+private:
+    std::intptr_t handle_;
 };
 
 } // namespace brindlewick

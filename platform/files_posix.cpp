@@ -2,12 +2,10 @@
 // file.
 #include "platform/files.h"
 
-#include "platform/letter_case.h"
-#include "platform/native_file.h"
+#include "platform/folder_order.h"
 #include "platform/native_path.h"
-#include "platform/system_failure.h"
+#include "platform/system_failure_posix.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <memory>
@@ -66,6 +64,19 @@ unsigned attributesOf(const std::string& path, const struct stat& status) {
                             status); // 0 without one
 }
 
+/// A folder's attributes as a listing tells them, 0 for what is none. `type` is the listing's own answer.
+unsigned listedFolderAttributes(int folder, const char* name, unsigned char type) {
+    if (type == DT_DIR)
+        return attribute::folder;
+    struct stat status {};
+    if ((type != DT_LNK && type != DT_UNKNOWN) || ::fstatat(folder, name, &status, 0) != 0 ||
+        !S_ISDIR(status.st_mode))
+        return 0;
+    if (type == DT_UNKNOWN && ::fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return 0;
+    return type == DT_LNK || S_ISLNK(status.st_mode) ? attribute::linkedFolder : attribute::folder;
+}
+
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
@@ -77,6 +88,8 @@ std::uint64_t fileLength(std::u16string_view path) {
     struct stat status {};
     if (!look(native, status))
         throwSystemFailure(errno, native);
+    if (S_ISDIR(status.st_mode))
+        throw Failure(FailureNumber::permissionDenied);
     return static_cast<std::uint64_t>(status.st_size);
 }
 
@@ -149,11 +162,7 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
             throw Failure(FailureNumber::pathNotFound);
         throwSystemFailure(errno, native);
     }
-    struct Named {
-        std::u16string folded;
-        FolderEntry entry;
-    };
-    std::vector<Named> named;
+    std::vector<FolderEntry> entries;
     for (;;) {
         errno = 0; // readdir tells its end from its failure by nothing else
         const dirent* const found = ::readdir(listing.get());
@@ -164,35 +173,12 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
         const std::string_view name = found->d_name;
         if (name == "." || name == "..")
             continue;
-        FolderEntry entry{textFromPathBytes(name), found->d_type == DT_DIR, found->d_type == DT_LNK};
-        if (found->d_type == DT_LNK || found->d_type == DT_UNKNOWN) {
-            struct stat status {};
-            if (::fstatat(::dirfd(listing.get()), found->d_name, &status, 0) == 0)
-                entry.isFolder = S_ISDIR(status.st_mode);
-            if (found->d_type == DT_UNKNOWN &&
-                ::fstatat(::dirfd(listing.get()), found->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0)
-                entry.isSymbolicLink = S_ISLNK(status.st_mode);
-        }
-        std::u16string folded = foldedCase(entry.name);
-        named.push_back({std::move(folded), std::move(entry)});
+        const unsigned folderAttributes =
+            listedFolderAttributes(::dirfd(listing.get()), found->d_name, found->d_type);
+        entries.push_back({textFromPathBytes(name), folderAttributes != 0, folderAttributes});
     }
-    std::sort(named.begin(), named.end(), [](const Named& left, const Named& right) {
-        const int order = left.folded.compare(right.folded);
-        return order != 0 ? order < 0 : left.entry.name < right.entry.name;
-    });
-    std::vector<FolderEntry> entries;
-    entries.reserve(named.size());
-    for (Named& one : named)
-        entries.push_back(std::move(one.entry));
+    sortByName(entries);
     return entries;
-}
-
-std::FILE* createNativeFile(std::u16string_view path) {
-    const std::string native = checkedPath(path);
-    std::FILE* const file = std::fopen(native.c_str(), "wbe"); // "e": closed in child processes
-    if (file == nullptr)
-        throwSystemFailure(errno, native);
-    return file;
 }
 
 std::u16string programFolder() {
@@ -235,6 +221,38 @@ std::size_t InputFile::read(std::span<char> bytes) {
         count += static_cast<std::size_t>(got);
     }
     return count;
+}
+
+OutputFile::OutputFile(std::u16string_view path) : handle_(-1) {
+    constexpr mode_t everybody = 0666; // less what the user's mask takes away
+    const std::string native = checkedPath(path);
+    int file = -1;
+    do
+        file = ::open(native.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, everybody);
+    while (file < 0 && errno == EINTR);
+    if (file < 0)
+        throwSystemFailure(errno, native);
+    handle_ = file;
+}
+
+OutputFile::~OutputFile() {
+    if (handle_ >= 0)
+        ::close(static_cast<int>(handle_));
+}
+
+void OutputFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(static_cast<int>(handle_), bytes.data(), bytes.size());
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written == 0 || errno != EINTR)
+            throwSystemFailure(written == 0 ? EIO : errno);
+    }
+}
+
+void OutputFile::close() {
+    if (::close(static_cast<int>(std::exchange(handle_, -1))) != 0 && errno != EINTR)
+        throwSystemFailure(errno);
 }
 
 } // namespace brindlewick

@@ -1,14 +1,12 @@
 // Text is encoded straight into one buffer, which goes to the file whenever it is full.
 #include "platform/text_file_writer.h"
 
-#include "platform/native_file.h"
-#include "platform/system_failure.h"
+#include "platform/files.h"
 #include "platform/text_encoding.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <optional>
 #include <string>
-#include <utility>
 
 namespace brindlewick {
 
@@ -19,32 +17,19 @@ constexpr std::size_t bufferLength = std::size_t{1} << 18; // bytes
 } // namespace
 
 struct TextFileWriter::State {
-    std::FILE* file = nullptr;
+    std::optional<OutputFile> file;
     std::string buffer;
     bool hasFailed = false;
 
-    ~State() {
-        if (file != nullptr)
-            std::fclose(file);
-    }
-    bool takesText() const { return file != nullptr && !hasFailed; }
-    /// Throws the first failure and forgets what could not be written.
+    bool takesText() const { return file.has_value() && !hasFailed; }
+    /// Throws the first failure, after which nothing is written any more.
     void flush() {
-        std::size_t written = 0;
-        int error = 0;
-        while (takesText() && written < buffer.size() && error == 0) {
-            errno = 0;
-            written += std::fwrite(buffer.data() + written, 1, buffer.size() - written, file);
-            if (written == buffer.size())
-                break;
-            error = errno == EINTR ? 0 : errno == 0 ? EIO : errno;
-            std::clearerr(file);
-        }
+        if (!takesText())
+            return;
+        hasFailed = true; // unless the write ends well
+        file->write(buffer);
+        hasFailed = false;
         buffer.clear();
-        if (error != 0) {
-            hasFailed = true;
-            throwSystemFailure(error);
-        }
     }
     void flushIfFull() {
         if (buffer.size() >= bufferLength)
@@ -53,8 +38,7 @@ struct TextFileWriter::State {
 };
 
 TextFileWriter::TextFileWriter(std::u16string_view path) : state_(std::make_unique<State>()) {
-    state_->file = createNativeFile(path);
-    std::setvbuf(state_->file, nullptr, _IONBF, 0); // the buffer here is the only one
+    state_->file.emplace(path);
     state_->buffer.reserve(bufferLength * 2);
 }
 
@@ -92,12 +76,13 @@ void TextFileWriter::writeLineEnd() {
 }
 
 void TextFileWriter::close() {
-    if (state_->file == nullptr)
-        return;
-    const bool hadFailed = state_->hasFailed;
     state_->flush();
-    if (std::fclose(std::exchange(state_->file, nullptr)) != 0 && !hadFailed)
-        throwSystemFailure(errno);
+    if (state_->takesText()) {
+        state_->hasFailed = true; // unless closing ends well
+        state_->file->close();
+        state_->hasFailed = false;
+    }
+    state_->file.reset();
 }
 
 } // namespace brindlewick

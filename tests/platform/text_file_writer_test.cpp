@@ -1,26 +1,15 @@
 #include "platform/text_file_writer.h"
 
-#include "platform/failure.h"
+#include "support/failure_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <optional>
-
 namespace brindlewick {
 namespace {
 
+using testing::failureOf;
 using testing::TemporaryFolder;
-
-std::optional<FailureNumber> failureOf(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return std::nullopt;
-}
 
 TEST(TextFileWriter, ReplacesTheFileAndEndsLinesWithCrLf) {
     const TemporaryFolder folder;

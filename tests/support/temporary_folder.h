@@ -1,8 +1,15 @@
 // A folder of a test's own, gone with the test.
 #pragma once
 
+#ifdef _WIN32
+#include "support/folder_tools_windows.h"
+#else
+#include "support/folder_tools_posix.h"
+#endif
+
+#include "platform/native_path.h"
+
 #include <atomic>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -18,33 +25,37 @@ public:
         static std::atomic<unsigned> count{0};
         path_ = std::filesystem::temp_directory_path() /
                 ("brindlewick-" + std::to_string(std::random_device{}()) + "-" + std::to_string(count++));
-        std::filesystem::create_directories(path_);
+        makeFolders(path_);
     }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
+    ~TemporaryFolder() { removeTree(path_); }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& path() const { return path_; }
-    /// The folder's path, or that of `name` inside it, as the program holds paths.
-    std::u16string text(std::string_view name = {}) const {
-        return name.empty() ? path_.u16string() : (path_ / name).u16string();
-    }
-    /// Writes a file byte for byte, making its folders, and gives its path as the program holds it.
+    /// The folder's path, or that of `name` inside it, as the program holds paths and with its separator. A
+    /// name is UTF-8, its parts may be separated by "/" everywhere.
+    std::u16string text(std::string_view name = {}) const { return pathText(pathOf(name).make_preferred()); }
+    /// Writes a file byte for byte, making its folders, and gives its path as the program holds it. What has
+    /// a name that begins with "." is hidden, on Windows too.
     std::u16string write(std::string_view name, std::string_view bytes) const {
-        const std::filesystem::path file = path_ / name;
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        return file.u16string();
+        std::filesystem::path file = pathOf(name);
+        makeFolders(file.parent_path());
+        std::ofstream(openable(file), std::ios::binary)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        hideDotName(file);
+        return pathText(file.make_preferred());
     }
+    void makeFolder(std::string_view name) const { makeFolders(pathOf(name)); }
     std::string read(std::string_view name) const {
-        std::ifstream file(path_ / name, std::ios::binary);
+        std::ifstream file(pathOf(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
 private:
+    std::filesystem::path pathOf(std::string_view name) const {
+        return name.empty() ? path_ : path_ / nativePath(textFromPathBytes(name));
+    }
+
     std::filesystem::path path_;
 };
 

@@ -1,4 +1,4 @@
-// What the operating system's error numbers mean to the user.
+// What an errno means to the user.
 #pragma once
 
 #include "platform/failure.h"

@@ -1,5 +1,5 @@
 // The one place where an errno becomes a failure.
-#include "platform/system_failure.h"
+#include "platform/system_failure_posix.h"
 
 #include <cerrno>
 #include <system_error>

@@ -1,4 +1,4 @@
-#include "platform/system_failure.h"
+#include "platform/system_failure_posix.h"
 
 #include "support/temporary_folder.h"
 

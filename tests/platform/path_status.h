@@ -1,0 +1,46 @@
+// What the program tells of a path, asked in every way.
+#pragma once
+
+#include "platform/files.h"
+#include "support/failure_of.h"
+#include "support/own_separator.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+
+namespace brindlewick::testing {
+
+struct Status {
+    std::u16string name;
+    std::optional<unsigned> attributes; ///< nothing for what does not exist
+    std::optional<FailureNumber> failure = std::nullopt;
+};
+
+/// Checks that the path in `folder` has the status, however it is asked.
+inline void expectStatus(const std::u16string& path, const Status& expected) {
+    const unsigned attributes = expected.attributes.value_or(0);
+    const bool exists = expected.attributes.has_value();
+    const bool isFolder = (attributes & 16) != 0;
+    EXPECT_EQ(fileStatus(path).exists, exists);
+    EXPECT_EQ(fileStatus(path).attributes, attributes);
+    EXPECT_EQ(FileExists(path), exists);
+    EXPECT_EQ(FileExistsByOpen(path), exists && !isFolder);
+    EXPECT_EQ(IsFolder(path), isFolder);
+    EXPECT_EQ(failureOf([&] { EXPECT_EQ(fileAttributes(path), attributes); }), expected.failure);
+    EXPECT_EQ(failureOf([&] { static_cast<void>(fileLength(path)); }),
+              isFolder ? FailureNumber::permissionDenied : expected.failure);
+}
+
+/// Each name as bytes, "/" behind a folder and "@" behind one that is a link.
+inline std::vector<std::string> shown(const std::vector<FolderEntry>& entries) {
+    std::vector<std::string> names;
+    for (const FolderEntry& entry : entries) {
+        EXPECT_EQ(entry.isFolder, (entry.folderAttributes & 16) != 0);
+        names.push_back(nameBytes(entry.name) + (entry.isFolder ? "/" : "") +
+                        ((entry.folderAttributes & 1024) != 0 ? "@" : ""));
+    }
+    return names;
+}
+
+} // namespace brindlewick::testing
