@@ -58,7 +58,7 @@ public:
 
 private:
     std::u16string folder_;
-    std::intptr_t handle_; ///< -1 where the folder cannot be held open
+    std::intptr_t handle_; ///< -1 where the folder is not held open
 };
 
 /// One name of a folder's listing. `isFolder` is the operating system's own answer from the listing where it

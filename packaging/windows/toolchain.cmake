@@ -1,0 +1,23 @@
+# Debian's MinGW-w64 cross compiler, with the threads of the standard library, and Wine to run what it makes.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+set(triple x86_64-w64-mingw32)
+set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
+set(CMAKE_C_COMPILER ${triple}-gcc-posix)
+set(CMAKE_RC_COMPILER ${triple}-windres)
+
+set(CMAKE_FIND_ROOT_PATH /usr/${triple})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# A program that needs no library beside it.
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+
+# wine64 lies outside the path; the command named wine asks for a 32-bit Wine as well.
+find_program(WINE_PROGRAM wine64 PATHS /usr/lib/wine)
+if(WINE_PROGRAM)
+  set(CMAKE_CROSSCOMPILING_EMULATOR "${WINE_PROGRAM}")
+endif()
