@@ -73,6 +73,13 @@ void RowsView::changeEvent(QEvent* event) {
         fitToFont();
 }
 
+/// Home and End go to the first and the last row, as in a list; a table would go along the row.
+QModelIndex RowsView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action == MoveHome || action == MoveEnd)
+        modifiers |= Qt::ControlModifier;
+    return QTableView::moveCursor(action, modifiers);
+}
+
 void RowsView::fitToFont() {
     const int height = fontMetrics().height() * 3 / 2;
     verticalHeader()->setMinimumSectionSize(height);

@@ -1,6 +1,7 @@
 #include "app/display_text.h"
 #include "app/results_model.h"
 #include "app/results_view.h"
+#include "app/rows_view.h"
 #include "app/text_list_model.h"
 
 #include <QAbstractItemModelTester>
@@ -77,6 +78,22 @@ TEST(ResultsView, TicksAllSelectedRowsWithSpace) {
     for (const std::size_t row : {2U, 3U, 4U})
         EXPECT_TRUE(table.isChecked(row));
     EXPECT_TRUE(table.isChecked(5));
+}
+
+TEST(RowsView, GoesToTheFirstAndTheLastRowWithHomeAndEnd) {
+    ResultsTable table;
+    table.setColumns(true);
+    table.beginFile(u"f");
+    for (int row = 0; row < 100; ++row)
+        table.appendRow(table.store(u"text"), true);
+    ResultsModel model(table);
+    RowsView view;
+    view.setModel(&model);
+    view.setCurrentIndex(model.index(50, 0));
+    QTest::keyClick(&view, Qt::Key_End);
+    EXPECT_EQ(view.selectedRow(), 99U);
+    QTest::keyClick(&view, Qt::Key_Home);
+    EXPECT_EQ(view.selectedRow(), 0U);
 }
 
 } // namespace
