@@ -1,4 +1,5 @@
-// The loop of a fuzz driver: fuzz_NAME [SECONDS [SEED]]. The same seed always gives the same inputs.
+// The loop of a fuzz driver: fuzz_NAME [SECONDS [SEED [FOLDER]]]. The files of the folder come first; then
+// the same seed always gives the same inputs.
 #include "fuzz/fuzz_driver.h"
 
 #include <chrono>
@@ -6,6 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace brindlewick::fuzz {
 
@@ -97,6 +101,14 @@ int main(int count, char** words) {
     using namespace brindlewick::fuzz;
     const double seconds = count > 1 ? std::atof(words[1]) : 3;
     const std::uint64_t seed = count > 2 ? std::strtoull(words[2], nullptr, 10) : 1;
+    std::size_t cases = 0;
+    if (count > 3) {
+        for (const auto& file : std::filesystem::directory_iterator(words[3])) {
+            std::ifstream bytes(file.path(), std::ios::binary);
+            runChecked(std::string(std::istreambuf_iterator<char>(bytes), {}));
+            ++cases;
+        }
+    }
     const auto start = std::chrono::steady_clock::now();
     Random random(seed);
     std::size_t rounds = 0;
@@ -107,7 +119,8 @@ int main(int count, char** words) {
         bytes += input.size();
         ++rounds;
     } while (std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() < seconds);
-    std::printf("%zu inputs, %zu bytes, seed %llu\n", rounds, bytes, static_cast<unsigned long long>(seed));
+    std::printf("%zu cases; %zu inputs, %zu bytes, seed %llu\n", cases, rounds, bytes,
+                static_cast<unsigned long long>(seed));
     return 0;
 }
 
