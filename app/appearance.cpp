@@ -20,6 +20,7 @@
 #include <QSinglePointEvent>
 #include <QStringDecoder>
 #include <QWidget>
+#include <vector>
 
 namespace brindlewick {
 
@@ -27,6 +28,8 @@ namespace {
 
 constexpr std::size_t longestSkin = std::size_t{4} << 20;    // bytes
 constexpr std::size_t longestPointer = std::size_t{1} << 20; // bytes
+constexpr int largestMinimum =
+    4096; // pixels: no skin makes the window ask for more, and for the memory of it
 
 template <class... Names>
 std::u16string beside(std::u16string_view programFolder, Names... names) {
@@ -70,6 +73,38 @@ bool isStyleSheet(const QString& text) {
     return !styleSheetRefused;
 }
 
+bool fitsAScreen(const QWidget& window) {
+    for (const QWidget* widget : window.findChildren<QWidget*>())
+        widget->ensurePolished();
+    window.ensurePolished();
+    const QSize needed = window.minimumSizeHint().expandedTo(window.minimumSize());
+    return needed.width() <= largestMinimum && needed.height() <= largestMinimum;
+}
+
+/// The sizes that a style sheet sets stay when it is taken away, so they are put back one by one.
+class SizeLimits {
+public:
+    explicit SizeLimits(QWidget& window) {
+        for (QWidget* widget : window.findChildren<QWidget*>())
+            limits_.push_back({widget, widget->minimumSize(), widget->maximumSize()});
+        limits_.push_back({&window, window.minimumSize(), window.maximumSize()});
+    }
+    void putBack() const {
+        for (const Limit& limit : limits_) {
+            limit.widget->setMinimumSize(limit.smallest);
+            limit.widget->setMaximumSize(limit.largest);
+        }
+    }
+
+private:
+    struct Limit {
+        QWidget* widget;
+        QSize smallest;
+        QSize largest;
+    };
+    std::vector<Limit> limits_;
+};
+
 QByteArray skinBytes(std::u16string_view path) {
     try {
         return readSmallFile(path, longestSkin);
@@ -93,7 +128,14 @@ void ApplySkin(QWidget& window, std::u16string_view programFolder) {
     QDir::setSearchPaths(QStringLiteral("skin"), {toQString(beside(programFolder, u"x"))});
     if (!text || !isStyleSheet(*text))
         throw Failure(FailureNumber::invalidProcedureCall);
+    const QString before = window.styleSheet();
+    const SizeLimits limits(window);
     window.setStyleSheet(*text);
+    if (!fitsAScreen(window)) {
+        window.setStyleSheet(before);
+        limits.putBack();
+        throw Failure(FailureNumber::invalidProcedureCall);
+    }
 }
 
 std::optional<QCursor> loadHandPointer(std::u16string_view programFolder) {

@@ -15,8 +15,9 @@ namespace brindlewick {
 
 /// Applies the skin file "x/o.cjs" (a Qt style sheet in UTF-8) of the program folder to the window, after
 /// giving its option buttons, check boxes, group boxes and labels the colour of button faces. Pictures beside
-/// the skin are named url(skin:name). A missing file is not an error; one that cannot be loaded fails with
-/// invalidProcedureCall and leaves the window's style sheet as it was.
+/// the skin are named url(skin:name). A missing file is not an error; one that cannot be loaded, or that
+/// makes the window ask for more than 4,096 pixels, fails with invalidProcedureCall and leaves the window's
+/// style sheet as it was.
 void ApplySkin(QWidget& window, std::u16string_view programFolder);
 
 /// The pointer picture "HAND-M.CUR" of the program folder with the hot spot that the file names; none when

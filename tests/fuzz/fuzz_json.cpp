@@ -111,6 +111,57 @@ void checkFragments(std::u16string_view text) {
     }
 }
 
+/// A document of plain JSON, as its input chooses. Within an array an object has one member at the most: a
+/// second one is read as what follows the array, and the line of that is no JSON any more.
+std::u16string plainDocument(Choices& choices) {
+    static constexpr std::u16string_view keys[] = {u"\"name", u"\"a", u"\"x_y", u"\"k-1", u"\"\u00E9"};
+    static constexpr std::u16string_view leaves[] = {
+        u"\"\"", u"\"a b\"", u"\"k\\u00E9\\n\"", u"0", u"-12.50", u"true", u"false", u"null", u"{}", u"[]"};
+    std::u16string text = u"{";
+    std::u16string closing = u"}";
+    bool isFirst = true;
+    std::size_t member = 0;
+    for (; !choices.isSpent() && closing.size() < 100; isFirst = false) {
+        const bool isInArray = closing.find(u']') != closing.npos;
+        const std::size_t choice = choices.below(std::size(leaves) + 5);
+        const bool isFull = isInArray && closing.back() == u'}' && !isFirst;
+        if (choice >= std::size(leaves) + 2 || isFull) {
+            if (closing.size() == 1)
+                continue;
+            text += closing.back();
+            closing.pop_back();
+            continue;
+        }
+        text += isFirst ? u"" : u",";
+        if (closing.back() == u'}') { // no key twice in one object
+            const std::string number = std::to_string(member++);
+            text.append(keys[choice % std::size(keys)]).append(number.begin(), number.end()).append(u"\":");
+        }
+        if (choice < std::size(leaves)) {
+            text += leaves[choice];
+            continue;
+        }
+        const bool isObject = choice == std::size(leaves);
+        text += isObject ? u'{' : u'[';
+        closing += isObject ? u'}' : u']';
+        isFirst = true;
+    }
+    text.append(closing.rbegin(), closing.rend());
+    return text + u"\n";
+}
+
+/// A line of plain JSON is one fragment when it is read again: itself.
+void checkLinesReadAgain(std::u16string_view text) {
+    std::int32_t position = 1;
+    while (const std::optional<JsonValue> fragment = JsonParser().parse(text, position)) {
+        const std::u16string line = serialize(*fragment) + u"\n";
+        std::int32_t again = 1;
+        const std::optional<JsonValue> same = JsonParser().parse(line, again);
+        check(same && serialize(*same) + u"\n" == line, "a plain line reads back as itself");
+        check(!JsonParser().parse(line, again), "a plain line is one fragment");
+    }
+}
+
 /// Any text survives being written as a string and read again.
 void checkStringThereAndBack(std::u16string_view text) {
     std::u16string document = u"[\"";
@@ -130,8 +181,12 @@ std::string makeInput(Random& random) {
     std::string bytes;
     switch (random.below(64)) {
     case 0:
-        bytes = repeated(random.oneOf({"[", "{", "{a:", "[{", "[[],", "{a:t", "{a:1 b:", "(/*", "\"\\"}),
-                         random.below(20000));
+        bytes = hostile({"[", "{", "{a:", "[{", "[[],", "{a:t", "{a:1 b:", "(/*", "\"\\", "]", "}", ",", "\"",
+                         "'", "//", "\n", "nul", "9e", "\\u"},
+                        random);
+        break;
+    case 2:
+        bytes = repeated("{\"a\":[1],", random.below(20000));
         break;
     case 1:
         for (std::size_t length = random.below(200); length > 0; --length)
@@ -155,6 +210,9 @@ void runOn(std::string_view input) {
         wide.push_back(static_cast<char16_t>(static_cast<unsigned char>(input[at]) |
                                              (static_cast<unsigned char>(input[at + 1]) << 8)));
     checkStringThereAndBack(wide);
+
+    Choices choices(input.substr(0, 2000));
+    checkLinesReadAgain(plainDocument(choices));
 }
 
 } // namespace brindlewick::fuzz
