@@ -2,6 +2,7 @@
 
 #include "app/qt_text.h"
 
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
@@ -18,7 +19,7 @@ std::vector<std::u16string> localFiles(const QMimeData* data) {
     std::vector<std::u16string> paths;
     for (const QUrl& url : data->urls())
         if (url.isLocalFile())
-            paths.push_back(fromQString(url.toLocalFile()));
+            paths.push_back(fromQString(QDir::toNativeSeparators(url.toLocalFile())));
     return paths;
 }
 

@@ -1,6 +1,7 @@
 // Opens the main window.
 
 #include "app/main_window.h"
+#include "app/system.h"
 #include "platform/files.h"
 #include "program_identity.h"
 
@@ -18,7 +19,10 @@ int main(int count, char** words) {
 
     // Closing ends the process at once, from inside whatever event is being handled: an operation that lets
     // events through must not go on without its window. All settings are on disk by then.
-    brindlewick::Form1 window(brindlewick::programFolder(), [] { std::_Exit(EXIT_SUCCESS); });
+    brindlewick::Form1 window(brindlewick::programFolder(), [] {
+        brindlewick::keepClipboard();
+        std::_Exit(EXIT_SUCCESS);
+    });
     window.Form_Load();
     window.show();
     return QApplication::exec();

@@ -4,15 +4,17 @@
 
 #include "app/qt_text.h"
 #include "app/settings_text.h"
+#include "app/system.h"
 #include "platform/failure.h"
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSaveFile>
-#include <QStandardPaths>
 #include <QStorageInfo>
+#include <QThread>
 #include <algorithm>
 #include <filesystem>
 #include <optional>
@@ -22,11 +24,11 @@ namespace brindlewick {
 
 namespace {
 
-constexpr int longestWait = 500; // ms, for another window that saves
+constexpr int longestWait = 500; // ms, for another window that saves, or one that reads
+constexpr int waitBetween = 10;  // ms
 
 QString settingsFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Tessaly");
+    return configFolder() + QStringLiteral("/Tessaly");
 }
 
 QString settingsPath() {
@@ -86,10 +88,18 @@ void writeSettings(std::string_view bytes) {
     std::filesystem::create_directories(QFileInfo(settingsFolder()).filesystemFilePath(), error);
     if (error)
         throw Failure(failureFor(error));
-    QSaveFile file(settingsPath());
     const auto size = static_cast<qint64>(bytes.size());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.commit())
-        failToWrite(file.error());
+    QElapsedTimer sinceFirst;
+    sinceFirst.start();
+    for (;;) {
+        QSaveFile file(settingsPath());
+        if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit())
+            return;
+        const bool mayPass = readersKeepFiles && file.error() == QFileDevice::RenameError;
+        if (!mayPass || sinceFirst.elapsed() > longestWait)
+            failToWrite(file.error());
+        QThread::msleep(waitBetween);
+    }
 }
 
 bool isKey(std::u16string_view key) {

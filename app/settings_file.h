@@ -5,8 +5,8 @@
 
 namespace brindlewick {
 
-/// `Tessaly/Brindlewick.ini` under the user's configuration folder (on Linux $XDG_CONFIG_HOME), section
-/// [Brindlewick]. Every write replaces the file atomically before it returns.
+/// `Tessaly/Brindlewick.ini` under the user's configuration folder (on Linux $XDG_CONFIG_HOME, on Windows
+/// %LOCALAPPDATA%), section [Brindlewick]. Every write replaces the file atomically before it returns.
 ///
 /// The file is UTF-8, one "key=value" a line, and may be edited by hand: blanks around key and value, comment
 /// lines (";" or "#"), other sections and a byte-order mark are passed over and kept. A value is the text as

@@ -12,7 +12,6 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QFile>
 #include <QFrame>
 #include <QLabel>
 #include <QPixmap>
@@ -52,16 +51,6 @@ double elapsedSinceEntry(double now, double entry) noexcept {
 
 double secondsSinceMidnight() {
     return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
-}
-
-bool runsUnderDebugger() {
-    // Linux only: the process id of the tracer, 0 for none.
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray text = status.readAll();
-    const qsizetype at = text.indexOf("\nTracerPid:");
-    return at >= 0 && text.mid(at + 11, text.indexOf('\n', at + 1) - at - 11).trimmed() != "0";
 }
 
 Splash::Splash(UserInterface& user, SettingsStore& settings, std::u16string programFolder,

@@ -2,6 +2,7 @@
 // Ready to be switched on by calling `SplashShow`; nothing calls it.
 #pragma once
 
+#include "app/system.h"
 #include "platform/settings_store.h"
 #include "platform/user_interface.h"
 
@@ -20,9 +21,6 @@ double elapsedSinceEntry(double now, double entry) noexcept;
 
 /// The local time of day in seconds since midnight, with fractions.
 double secondsSinceMidnight();
-
-/// True while a debugger follows this program.
-bool runsUnderDebugger();
 
 class Splash : public QWidget {
 public:

@@ -1,5 +1,6 @@
 // Every test of the window runs inside one QApplication, with settings in a folder of its own.
 
+#include "app/system.h"
 #include "support/temporary_folder.h"
 
 #include <QApplication>
@@ -9,7 +10,7 @@ int main(int count, char** words) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const brindlewick::testing::TemporaryFolder settings;
-    qputenv("XDG_CONFIG_HOME", settings.path().c_str());
+    qputenv(brindlewick::configFolderVariable, settings.path().string().c_str());
     ::testing::InitGoogleTest(&count, words);
     QApplication application(count, words);
     return RUN_ALL_TESTS();

@@ -4,12 +4,14 @@
 #include "app/file_dialogs.h"
 #include "app/message_dialog.h"
 #include "app/qt_text.h"
+#include "support/own_separator.h"
 #include "support/temporary_folder.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -29,6 +31,7 @@ namespace brindlewick {
 namespace {
 
 using namespace std::string_literals;
+using testing::own;
 using testing::TemporaryFolder;
 
 class WindowUserTest : public ::testing::Test {
@@ -170,6 +173,7 @@ TEST(NameFilters, namePatternsTheWayQtMatchesThem) {
 
 TEST(JoinedSelection, oneIsAPathAndSeveralAreFolderAndNames) {
     const std::pair<QStringList, std::u16string> cases[] = {
+        // with "/" for the separator
         {{}, u""},
         {{"/d/a.json"}, u"/d/a.json"},
         {{"/d/e/b.json", "/d/e/a.json"}, u"/d/e\0b.json\0a.json"s},
@@ -178,15 +182,19 @@ TEST(JoinedSelection, oneIsAPathAndSeveralAreFolderAndNames) {
         {{"/d/e/a", "/d/ef/b"}, u"/d\0e/a\0ef/b"s},
         {{"/x/a", "/y/b", "/x/c"}, u"/\0x/a\0y/b\0x/c"s},
     };
-    for (const auto& [paths, expected] : cases)
-        EXPECT_EQ(joinedSelection(paths), expected);
+    for (const auto& [paths, expected] : cases) {
+        QStringList native;
+        for (const QString& path : paths)
+            native += QDir::toNativeSeparators(path);
+        EXPECT_EQ(joinedSelection(native), own(expected));
+    }
 }
 
 TEST_F(WindowUserTest, fileDialogsGiveWhatWasTypedAndReopenInTheSameFolder) {
     const TemporaryFolder folder;
     folder.write("in/a b.json", "1");
     folder.write("in/c.json", "2");
-    const QString inside = toQString(folder.text("in"));
+    const QString inside = QDir::fromNativeSeparators(toQString(folder.text("in")));
     withDialog([&](QDialog& dialog) {
         auto& files = dynamic_cast<QFileDialog&>(dialog);
         EXPECT_EQ(files.windowTitle(), "Add");
@@ -219,7 +227,7 @@ TEST_F(WindowUserTest, folderBrowserStartsWhereAskedAndSurvivesAMissingStart) {
     withDialog([&](QDialog& dialog) {
         auto& files = dynamic_cast<QFileDialog&>(dialog);
         EXPECT_EQ(files.windowTitle(), "Please select folder:");
-        EXPECT_EQ(files.directory().absolutePath(), toQString(folder.text()));
+        EXPECT_EQ(files.directory().absolutePath(), QDir::fromNativeSeparators(toQString(folder.text())));
         files.selectFile("sub");
         static_cast<QDialog&>(files).accept();
     });

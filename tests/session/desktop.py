@@ -1,19 +1,12 @@
-"""A virtual display with a window manager, and the program on it: found through the accessibility bus, used by
-mouse and keys. Nothing waits for a fixed time: every wait has a condition and a deadline."""
+"""The program on a virtual display, its controls found through the accessibility bus."""
 import os
 import shutil
-import signal
-import subprocess
-import sys
-import tempfile
-import time
 
-DEADLINE = 20  # seconds
-TITLE = "Brindlewick"
+from display import Display, missing_display_tools
 
 
 def missing_tools():
-    tools = [tool for tool in ("Xvfb", "openbox", "xdotool", "xclip", "import", "dbus-daemon") if not shutil.which(tool)]
+    tools = missing_display_tools() + [tool for tool in ("dbus-daemon",) if not shutil.which(tool)]
     try:
         import pyatspi  # noqa: F401, pylint: disable=unused-import
     except ImportError:
@@ -23,54 +16,24 @@ def missing_tools():
     return tools
 
 
-class Desktop:
+class Desktop(Display):
     def __init__(self, program, out):
+        super().__init__([program], out)
         self.program = program
-        self.out = out
-        self.home = tempfile.mkdtemp(prefix="brindlewick-home-")
-        self.servers = []
-        self.process = None
+        self.bus = None
 
     def __enter__(self):
-        # Whatever the person at this machine has set up stays out of it.
-        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE", "XDG_CURRENT_DESKTOP", "XAUTHORITY"):
-            os.environ.pop(name, None)
-        runtime = os.path.join(self.home, "run")
-        os.mkdir(runtime, 0o700)
-        os.environ.update(HOME=self.home, XDG_CONFIG_HOME=os.path.join(self.home, "config"), XDG_RUNTIME_DIR=runtime,
-                          QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="0", LC_ALL="C.UTF-8")
-        os.environ["DISPLAY"] = ":" + self.serve(
-            ["Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp", "-noreset"])
+        os.environ.update(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="0")
+        super().__enter__()
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.serve(["dbus-daemon", "--session", "--nofork", "--print-address"])
-        self.servers.append(subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
-        # A window that comes up while the window manager does is shown by neither.
-        self.wait("the window manager", lambda: self.xdotool("get_num_desktops"))
         import pyatspi
         self.bus = pyatspi
         return self
 
-    def __exit__(self, kind, error, trace):
-        if kind is not None:
-            self.picture("9-failure")
-        for process in ([self.process] if self.process else []) + self.servers[::-1]:
-            process.send_signal(signal.SIGTERM)
-            try:
-                process.wait(5)
-            except subprocess.TimeoutExpired:
-                process.kill()
-        shutil.rmtree(self.home, ignore_errors=True)
-
-    def serve(self, command):
-        """Starts a server and gives the line that it prints when it is ready."""
-        server = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        self.servers.append(server)
-        return server.stdout.readline().strip()
-
     # What a person does.
 
     def start(self):
-        print("==> Starting the program")
-        self.process = subprocess.Popen([self.program], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.launch()
         self.wait("the window", lambda: self.xdotool("search", "--onlyvisible", "--pid", str(self.process.pid)))
         self.wait("the controls", lambda: self.find("Start Extracting"))
         self.wait("the keyboard", lambda: self.xdotool("getactivewindow"))
@@ -86,10 +49,6 @@ class Desktop:
     def click_on(self, control):
         box = control.queryComponent().getExtents(self.bus.DESKTOP_COORDS)
         self.xdotool("mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1")
-
-    def keys(self, *keys):
-        print(f"    keys {' '.join(keys)}")
-        self.xdotool("key", *keys)
 
     def answer(self, text, button, picture=None):
         """Waits for a message that holds `text` and presses the button, as often as it comes."""
@@ -122,14 +81,7 @@ class Desktop:
                 return
         self.wait("the file dialog to close", lambda: not field())
 
-    def clipboard(self):
-        return subprocess.run(["xclip", "-selection", "clipboard", "-o"], stdout=subprocess.PIPE, check=True,
-                              timeout=DEADLINE).stdout.decode()
-
     # What a person sees.
-
-    def picture(self, name):
-        subprocess.run(["import", "-window", "root", os.path.join(self.out, name + ".png")], check=False, timeout=DEADLINE)
 
     def row_count(self, name):
         table = self.find(name)
@@ -138,19 +90,6 @@ class Desktop:
     def is_checked(self, name):
         control = self.find(name)
         return control is not None and self.is_in(control, "checked")
-
-    def expect(self, what, condition):
-        self.wait(what, condition)
-        self.check(what, True)
-
-    def wait_for_the_end(self):
-        self.check("the program ends without an error", self.process.wait(DEADLINE) == 0)
-        self.process = None
-
-    def check(self, what, is_so):
-        print(f"    {'ok' if is_so else 'FAILED'}: {what}")
-        if not is_so:
-            sys.exit(1)
 
     # How things are found.
 
@@ -215,28 +154,3 @@ class Desktop:
 
     def is_in(self, control, state):
         return control.getState().contains(getattr(self.bus, "STATE_" + state.upper()))
-
-    def soon(self, condition, seconds=1.0):
-        end = time.monotonic() + seconds
-        while time.monotonic() < end:
-            if condition():
-                return True
-            time.sleep(0.05)
-        return False
-
-    def wait(self, what, condition):
-        end = time.monotonic() + DEADLINE
-        while time.monotonic() < end:
-            found = condition()
-            if found:
-                return found
-            if self.process is not None and self.process.poll() is not None:
-                break
-            time.sleep(0.05)
-        self.check(f"waiting for {what}", False)
-        return None
-
-    def xdotool(self, *words):
-        done = subprocess.run(["xdotool", *words], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=False,
-                              timeout=DEADLINE)
-        return done.stdout.strip() if done.returncode == 0 else ""
