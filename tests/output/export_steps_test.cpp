@@ -2,6 +2,7 @@
 #include "output/export_steps.h"
 
 #include "output/aligned_text.h"
+#include "output/clipboard_text.h"
 #include "output/comma_delimited_text.h"
 #include "output/plain_table.h"
 #include "support/fake_user.h"
@@ -13,83 +14,109 @@
 namespace brindlewick::testing {
 namespace {
 
-TEST(ExportTexts, NameTheFileAndTheRows) {
-    struct {
-        std::u16string path, caption;
-    } const cases[] = {
-        {u"C:\\out\\rows.txt", u"Writing file: rows.txt"},
-        {u"/out/rows.txt", u"Writing file: rows.txt"},
-        {u"rows.txt", u"Writing file: rows.txt"},
-        {u"", u"Writing file: "},
-    };
-    for (const auto& [path, caption] : cases) {
-        EXPECT_EQ(writingCaption(path), caption);
-        EXPECT_EQ(writingCaption(path, 12000), caption + u" (12000)");
-    }
-    EXPECT_EQ(rowsDone(0, u"written"), u"0 rows written");
-    EXPECT_EQ(rowsDone(1, u"copied"), u"1 row copied");
-    EXPECT_EQ(rowsDone(5'000'000, u"copied"), u"5000000 rows copied");
-}
+using ::testing::ElementsAre;
 
-TEST(ExportShare, StaysBetween0And100) {
-    struct {
-        std::size_t row, rows;
-        int percent;
-    } const cases[] = {
-        {1, 1, 100}, {1, 1000, 0}, {999, 1000, 99}, {50, 200, 25}, {5'000'000, 5'000'000, 100}};
-    for (const auto& [row, rows, percent] : cases)
-        EXPECT_EQ(percentDone(row, rows), percent) << row << " of " << rows;
-}
+const struct Writer {
+    decltype(&SaveListviewProperlySpaced) save;
+    std::u16string location;
+    bool zeroesValue;                     ///< when it fails
+    std::size_t yieldsBeforeSecondRow;    ///< of a table of three rows and one column
+    std::string cutShort;                 ///< the file when the rows go then
+    std::vector<std::u16string> captions; ///< for 2,000 rows, the last one unticked
+} writers[] = {
+    {SaveListviewProperlySpaced,
+     u"SaveListviewProperlySpaced",
+     true,
+     5,
+     "Results\t\r\na      \t\r\n",
+     {u"Writing file: out.txt", u"Writing file: out.txt (1000)", u"Done."}},
+    {SaveListviewAsCommaDelimToFile,
+     u"SaveListviewAsCommaDelimToFile",
+     false,
+     2,
+     "a,\r\n",
+     {u"Writing file: out.txt", u"Writing file: out.txt (1000)", u"Writing file: out.txt (2000)", u"Done."}},
+};
 
 struct Failing {
     std::string path; ///< in the test's folder, unless it begins with "/"
+    std::size_t rowLength;
     std::u16string description;
 };
 
 class ExportFailure : public ::testing::TestWithParam<Failing> {};
 
 TEST_P(ExportFailure, IsReportedOnceAndTakesProgressBack) {
-    const struct {
-        decltype(&SaveListviewProperlySpaced) save;
-        std::u16string location;
-        bool zeroesValue;
-    } writers[] = {{SaveListviewProperlySpaced, u"SaveListviewProperlySpaced", true},
-                   {SaveListviewAsCommaDelimToFile, u"SaveListviewAsCommaDelimToFile", false}};
     const TemporaryFolder folder;
     if (GetParam().path.starts_with('/') && !std::filesystem::exists(GetParam().path))
         GTEST_SKIP() << "no device that is always full";
-    for (const auto& [save, location, zeroesValue] : writers) {
+    for (const Writer& writer : writers) {
         FakeUser user;
         RecordingProgress progress;
         user.yesNoAnswers = {true};
-        save(user, PlainTable{{u"H"}, std::vector<PlainRow>(3, {{std::u16string(1 << 19, u'x')}})},
-             folder.text(GetParam().path), &progress);
+        const PlainTable table({u"H"},
+                               std::vector<PlainRow>(3, {{std::u16string(GetParam().rowLength, u'x')}}));
+        writer.save(user, table, folder.text(GetParam().path), &progress);
         ASSERT_EQ(user.errors.size(), 1u);
         EXPECT_TRUE(user.errors[0].starts_with(
-            GetParam().description + u"\r\nin Corvane2021/08/31.Extract1." + location + u" at line "));
+            GetParam().description + u"\r\nin Corvane2021/08/31.Extract1." + writer.location + u" at line "));
         const auto caption = std::find(progress.seen.begin(), progress.seen.end(), u"Progress Bar");
         ASSERT_NE(caption, progress.seen.end());
-        EXPECT_EQ(*(caption - 1) == u"=0", zeroesValue);
-        EXPECT_EQ(progress.seen.back(), u"Done."); // the routine went on
-        EXPECT_THAT(user.summaries, ::testing::ElementsAre(u"Not all rows were written"));
+        EXPECT_EQ(*(caption - 1) == u"=0", writer.zeroesValue);
+        EXPECT_TRUE(std::count(progress.seen.begin(), progress.seen.end(), u"Done.")); // the routine went on
+        EXPECT_THAT(user.summaries, ElementsAre(u"Not all rows were written"));
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(FullDeviceMissingFolderAndAFolder, ExportFailure,
-                         ::testing::Values(Failing{"/dev/full", u"Disk full"},
-                                           Failing{"nowhere/at/all.txt", u"Path not found"},
-                                           Failing{"", u"Permission denied"}));
+                         ::testing::Values(Failing{"/dev/full", 1 << 19, u"Disk full"},
+                                           Failing{"/dev/full", 1, u"Disk full"}, // met by closing alone
+                                           Failing{"nowhere/at/all.txt", 1, u"Path not found"},
+                                           Failing{"", 1, u"Permission denied"}));
 
-TEST(ExportStatus, IsToldEveryThousandRows) {
+TEST(ExportProgress, FollowsTheRowsWrittenAndTellsEveryThousandth) {
     struct : FakeUser {
         std::vector<std::uint64_t> told;
-        void showProgress(std::u16string_view, std::uint64_t done, std::uint64_t) override {
+        void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t rows) override {
             told.push_back(done);
+            FakeUser::showProgress(text, done, rows);
         }
     } user;
-    for (std::size_t row = 1; row <= 2500; ++row)
-        showRows(user, u"Writing rows", row, 2500);
-    EXPECT_THAT(user.told, ::testing::ElementsAre(1000, 2000));
+    const TemporaryFolder folder;
+    PlainTable table({u"Results"}, std::vector<PlainRow>(2000, {{u"x"}}));
+    table.rows.back().isTicked = false;
+    for (const Writer& writer : writers) {
+        RecordingProgress progress;
+        std::filesystem::remove(folder.path() / "out.txt");
+        writer.save(user, table, folder.text("out.txt"), &progress);
+        std::vector<std::u16string> captions;
+        std::vector<std::u16string> values;
+        for (const std::u16string& seen : progress.seen)
+            (seen.starts_with(u'=') ? values : captions).push_back(seen);
+        EXPECT_EQ(captions, writer.captions);
+        EXPECT_EQ(values.size(), 2000u);
+        EXPECT_EQ(values[999], u"=50");
+        EXPECT_EQ(values.back(), u"=100");
+    }
+    clipboardText(user, table);
+    EXPECT_THAT(user.told, ElementsAre(1000, 2000, 1000, 2000, 1000, 2000));
+    EXPECT_THAT(user.progressTexts, ElementsAre(u"Writing rows", u"Copying rows"));
+}
+
+TEST(ExportedRows, MayGoWhileEventsAreHandled) {
+    const TemporaryFolder folder;
+    for (const Writer& writer : writers) {
+        FakeUser user;
+        PlainTable table{{u"Results"}, {{{u"a"}}, {{u"b"}}, {{u"c"}}}};
+        user.yesNoAnswers = {true};
+        user.whenYielding = [&] {
+            if (user.yields == writer.yieldsBeforeSecondRow)
+                table.rows.clear();
+        };
+        writer.save(user, table, folder.text("out.txt"), nullptr);
+        EXPECT_EQ(folder.read("out.txt"), writer.cutShort);
+        EXPECT_TRUE(user.errors.empty());
+    }
 }
 
 } // namespace

@@ -14,6 +14,10 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 
 using Button = void (OutputHandlers::*)();
+constexpr Button saveAligned = &OutputHandlers::PushButton6_Click;
+constexpr Button saveCommas = &OutputHandlers::PushButton12_Click;
+constexpr Button copy = &OutputHandlers::PushButton11_Click;
+constexpr Button clear = &OutputHandlers::PushButton9_Click;
 
 struct OutputButtons : ::testing::Test {
     TemporaryFolder folder;
@@ -47,23 +51,21 @@ class SaveButton : public OutputButtons, public ::testing::WithParamInterface<Sa
 
 TEST_P(SaveButton, AsksAndWrites) {
     const SaveCase& expected = GetParam();
+    const std::u16string path = folder.text("out.txt");
     if (expected.there != nullptr)
         folder.write("out.txt", expected.there);
-    user.filesToSave = {folder.text("out.txt")};
+    user.filesToSave = {path};
     user.yesNoAnswers = expected.answers;
+    user.whenYielding = [&] { press(clear); }; // ignored, for a file is being written
     press(expected.button);
     EXPECT_EQ(folder.read("out.txt"), expected.expected);
     EXPECT_EQ(user.questions.size(), expected.questions);
-    EXPECT_THAT(user.questions,
-                Each(u"Are you sure you wish to overwrite " + folder.text("out.txt") + u" ?"));
+    EXPECT_THAT(user.questions, Each(u"Are you sure you wish to overwrite " + path + u" ?"));
     EXPECT_THAT(user.dialogTitles, ElementsAre(u"Save"));
     EXPECT_THAT(user.dialogFilters, ElementsAre(u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|"));
     EXPECT_EQ(user.pointer(), PointerShape::standard);
     EXPECT_TRUE(user.messages.empty() && user.errors.empty());
 }
-
-constexpr Button saveAligned = &OutputHandlers::PushButton6_Click;
-constexpr Button saveCommas = &OutputHandlers::PushButton12_Click;
 
 INSTANTIATE_TEST_SUITE_P(
     Rules, SaveButton,
@@ -76,14 +78,11 @@ INSTANTIATE_TEST_SUITE_P(
                       SaveCase{"CommasNo", saveCommas, "old", {false}, 1, "old"}),
     [](const auto& test) { return test.param.rule; });
 
-TEST_F(OutputButtons, CancelledDialogDoesNothing) {
+TEST_F(OutputButtons, DoNothingWhenCancelledOrBusyAndTakeTheHourglassBackAfterAFailure) {
     for (const Button button : {saveAligned, saveCommas})
         press(button);
     EXPECT_EQ(user.dialogTitles.size(), 2u);
     EXPECT_TRUE(user.questions.empty() && user.pointerShapes.empty() && user.summaries.empty());
-}
-
-TEST_F(OutputButtons, HourglassIsTakenBackAfterAFailure) {
     for (const Button button : {saveAligned, saveCommas}) {
         user.filesToSave = {folder.text("missing/out.txt")};
         user.pointerShapes.clear();
@@ -91,42 +90,32 @@ TEST_F(OutputButtons, HourglassIsTakenBackAfterAFailure) {
         EXPECT_THAT(user.pointerShapes, ElementsAre(PointerShape::hourglass, PointerShape::standard));
     }
     EXPECT_EQ(user.errors.size(), 2u);
-}
-
-TEST_F(OutputButtons, PressesWhileBusyAreIgnored) {
-    user.pointerShapes = {PointerShape::hourglass};
-    user.filesToSave = {folder.text("1.txt"), folder.text("2.txt")};
-    for (const Button button :
-         {saveAligned, saveCommas, &OutputHandlers::PushButton11_Click, &OutputHandlers::PushButton9_Click})
+    user.setPointer(PointerShape::hourglass);
+    for (const Button button : {saveAligned, saveCommas, copy, clear})
         press(button);
-    EXPECT_TRUE(user.dialogTitles.empty() && user.messages.empty() && user.clipboardTexts.empty());
+    EXPECT_EQ(user.dialogTitles.size(), 4u);
+    EXPECT_TRUE(user.messages.empty() && user.clipboardTexts.empty());
     EXPECT_EQ(table.rowCount(), 2u);
 }
 
-TEST_F(OutputButtons, AClearPressedWhileWritingIsIgnored) {
-    user.filesToSave = {folder.text("out.txt")};
-    user.whenYielding = [&] { handlers.PushButton9_Click(); };
-    press(saveAligned);
-    EXPECT_EQ(folder.read("out.txt"), aligned);
-}
+constexpr std::u16string_view copiedMessage =
+    u"Results have been copied to the clipboard.\r\rClick a text area "
+    u"where you normally type and press Ctrl+V to "
+    u"paste the clipboard.";
 
-constexpr std::u16string_view copied = u"Results have been copied to the clipboard.\r\rClick a text area "
-                                       u"where you normally type and press Ctrl+V to "
-                                       u"paste the clipboard.";
-
-TEST_F(OutputButtons, CopyTakesTickedRows) {
-    handlers.PushButton11_Click();
-    EXPECT_THAT(user.clipboardTexts, ElementsAre(u"a.json\tx\r\n"));
-    EXPECT_THAT(user.messages, ElementsAre(copied));
-    EXPECT_THAT(user.summaries, ElementsAre(u"1 row copied"));
-    EXPECT_THAT(user.pointerShapes, ElementsAre(PointerShape::hourglass, PointerShape::standard));
-}
-
-TEST_F(OutputButtons, CopyOfAnEmptyTableStillShowsItsMessage) {
-    table.clearRows();
-    handlers.PushButton11_Click();
-    EXPECT_THAT(user.clipboardTexts, ElementsAre());
-    EXPECT_THAT(user.messages, ElementsAre(copied));
+TEST_F(OutputButtons, CopyTakesTickedRowsAndClearLeavesTheColumns) {
+    press(copy);
+    table.setChecked(0, false);
+    press(copy);
+    press(clear);
+    EXPECT_EQ(table.rowCount(), 0u);
+    EXPECT_EQ(table.columns().size(), 2u);
+    press(copy); // leaves what is on the clipboard
+    EXPECT_THAT(user.clipboardTexts, ElementsAre(u"a.json\tx\r\n", u""));
+    EXPECT_THAT(user.messages, ElementsAre(copiedMessage, copiedMessage, copiedMessage));
+    EXPECT_THAT(user.summaries, ElementsAre(u"1 row copied", u"0 rows copied", u"0 rows copied"));
+    EXPECT_THAT(std::vector(user.pointerShapes.begin(), user.pointerShapes.begin() + 2),
+                ElementsAre(PointerShape::hourglass, PointerShape::standard));
 }
 
 TEST_F(OutputButtons, CopyReportsAClipboardThatCannotBeHadAndGoesOn) {
@@ -139,15 +128,9 @@ TEST_F(OutputButtons, CopyReportsAClipboardThatCannotBeHadAndGoesOn) {
     ASSERT_EQ(locked.errors.size(), 1u);
     EXPECT_TRUE(locked.errors[0].starts_with(
         u"Permission denied\r\nin Corvane2021/08/31.Form1.PushButton11_Click at line "));
-    EXPECT_THAT(locked.messages, ElementsAre(copied));
+    EXPECT_THAT(locked.messages, ElementsAre(copiedMessage));
     EXPECT_THAT(locked.summaries, ElementsAre(u"Nothing was copied"));
     EXPECT_EQ(locked.pointer(), PointerShape::standard);
-}
-
-TEST_F(OutputButtons, ClearTakesTheRowsAndLeavesTheColumns) {
-    handlers.PushButton9_Click();
-    EXPECT_EQ(table.rowCount(), 0u);
-    EXPECT_EQ(table.columns().size(), 2u);
 }
 
 } // namespace

@@ -35,9 +35,10 @@ struct PlainTable : ListviewTable {
 };
 
 /// Rows with texts of 0 to 20 units of every troublesome kind, a third of them unticked.
-inline PlainTable generatedTable(std::vector<std::u16string> headers, std::size_t rowCount) {
+inline PlainTable generatedTable(std::vector<std::u16string> headers, std::size_t rowCount,
+                                 std::size_t seed) {
     static constexpr std::u16string_view units = u"ab ,\t\r\n\"\u00E9\u20AC\u0416 ";
-    std::mt19937 random(20210831);
+    std::mt19937 random(static_cast<unsigned>(seed));
     PlainTable table(std::move(headers), {});
     for (std::size_t row = 0; row < rowCount; ++row) {
         PlainRow made;

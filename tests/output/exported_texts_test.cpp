@@ -1,0 +1,136 @@
+// The three texts that a table becomes: the aligned file and the comma-delimited one byte for byte, the
+// clipboard's unit for unit.
+#include "output/aligned_text.h"
+#include "output/clipboard_text.h"
+#include "output/comma_delimited_text.h"
+#include "output/plain_table.h"
+#include "support/failure_of.h"
+#include "support/fake_user.h"
+#include "support/temporary_folder.h"
+
+#include <algorithm>
+#include <functional>
+#include <gmock/gmock.h>
+
+namespace brindlewick::testing {
+namespace {
+
+using namespace std::string_literals;
+using ::testing::ElementsAre;
+
+struct Exports {
+    std::string aligned;
+    std::string commas;
+    std::u16string copied;
+    std::size_t copiedRows = 0;
+
+    bool operator==(const Exports&) const = default;
+};
+
+Exports exportsOf(const PlainTable& table, FakeUser& user) {
+    const TemporaryFolder folder;
+    folder.write("aligned", std::string(1000, '#')); // a longer file is replaced whole
+    SaveListviewProperlySpaced(user, table, folder.text("aligned"), nullptr);
+    SaveListviewAsCommaDelimToFile(user, table, folder.text("commas"), nullptr);
+    ClipboardText copy = clipboardText(user, table);
+    EXPECT_TRUE(user.errors.empty() && user.questions.empty());
+    return {folder.read("aligned"), folder.read("commas"), std::move(copy.text), copy.rows};
+}
+
+TEST(ExportedTexts, AreAsWrittenDown) {
+    const std::vector<std::u16string> one{u"Results"};
+    const std::vector<std::u16string> two{u"Filename", u"Results"};
+    const struct {
+        PlainTable table;
+        Exports expected;
+    } cases[] = {
+        {{one, {{{u"\u0416\u00E9\u20AC\U0001F600\0"s}}, {{u"12345678"}, false}, {{u"  "}}}},
+         {"Results \t\r\n?\xE9\x80??\0  \t\r\n        \t\r\n"s, "?\xE9\x80??\0,\r\n12345678,\r\n  \r\n"s,
+          u"\u0416\u00E9\u20AC\U0001F600\0\r\n\r\n"s, 2}},
+        {{two, {{{u"a ", u" x \t "}}, {{u"longer.json", u""}}, {{u"b", u"\r\n,\"cc,\""}, false}}},
+         {"Filename   \tResults \t\r\na          \t x \t    \t\r\nlonger.json\t        \t\r\n",
+          "Filename,Results,\r\na , x \t \r\nlonger.json,\r\nb,\r\n,\"cc,\"\r\n",
+          u"a          \t x \t\r\nlonger.json\t\r\n", 2}},
+    };
+    for (const auto& [table, expected] : cases) {
+        FakeUser user;
+        const Exports made = exportsOf(table, user);
+        EXPECT_EQ(made.aligned, expected.aligned);
+        EXPECT_EQ(made.commas, expected.commas);
+        EXPECT_EQ(made.copied, expected.copied);
+    }
+}
+
+/// What a table becomes, told with copies and padding and no thought for time.
+Exports plainModel(const PlainTable& table) {
+    const std::size_t columns = table.headers.size();
+    std::vector<std::size_t> widths(columns);
+    for (const PlainRow& row : table.rows)
+        for (std::size_t column = 0; column < columns; ++column)
+            widths[column] = std::max(widths[column], row.cells[column].size());
+    const auto padded = [&](const std::vector<std::u16string>& cells, bool withHeaders) {
+        std::u16string line;
+        for (std::size_t column = 0; column < columns; ++column) {
+            const std::size_t header = withHeaders ? table.headers[column].size() : 0;
+            const std::size_t width = std::max(widths[column], header);
+            line += cells[column] + std::u16string(width - cells[column].size(), u' ') + u"\t";
+        }
+        return line;
+    };
+    Exports made;
+    made.aligned = asBytes(padded(table.headers, true)) + "\r\n";
+    for (std::size_t column = 0; columns > 1 && column < columns; ++column)
+        made.commas += asBytes(table.headers[column]) + (column + 1 < columns ? "," : ",\r\n");
+    for (const PlainRow& row : table.rows) {
+        for (std::size_t column = 0; column < columns; ++column)
+            made.commas += (column > 0 ? "," : "") + asBytes(row.cells[column]);
+        made.commas += columns == 1 && &row != &table.rows.back() ? ",\r\n" : "\r\n";
+        if (!row.isTicked)
+            continue;
+        made.aligned += asBytes(padded(row.cells, true)) + "\r\n";
+        if (columns == 0)
+            continue;
+        std::u16string line = padded(row.cells, false);
+        line.pop_back();
+        made.copied += line.substr(0, line.find_last_not_of(u' ') + 1) + u"\r\n";
+        ++made.copiedRows;
+    }
+    return made;
+}
+
+std::u16string rowsWritten(std::size_t rows) {
+    return fromAscii(std::to_string(rows) + (rows == 1 ? " row written" : " rows written"));
+}
+
+TEST(ExportedTexts, EqualThePlainModel) {
+    const std::vector<std::u16string> headers{u"A header of twenty-two", u"", u"C"};
+    for (std::size_t round = 0; round < 200; ++round) {
+        const std::size_t columns = round % 4;
+        const std::size_t rows = round == 199 ? 20'000 : round % 7;
+        const PlainTable table = generatedTable({headers.begin(), headers.begin() + columns}, rows, round);
+        const auto ticked =
+            std::count_if(table.rows.begin(), table.rows.end(), std::mem_fn(&PlainRow::isTicked));
+        FakeUser user;
+        EXPECT_TRUE(exportsOf(table, user) == plainModel(table)) << round;
+        // Measured twice, the last column for the file alone; the copy's length is added up first.
+        EXPECT_EQ(user.yields, rows * (columns == 0 ? 2 : columns + (columns - 1) + 4));
+        EXPECT_THAT(user.summaries,
+                    ElementsAre(rowsWritten(static_cast<std::size_t>(ticked)), rowsWritten(rows)));
+    }
+}
+
+TEST(ClipboardTextOfAHostileTable, PadsNoLastColumnAndIsRefusedBeforeItIsBuilt) {
+    FakeUser user;
+    PlainTable table({u"A", u"B"}, std::vector<PlainRow>(200'000, {{u"y", u"y"}}));
+    table.rows[0].cells[1] = std::u16string(2'000'000, u'x');
+    const std::u16string text = clipboardText(user, table).text;
+    EXPECT_EQ(text.size(), 200'000u * 5 + 2'000'000 - 1);
+    EXPECT_EQ(text.capacity(), text.size());
+    user.progressTexts.clear();
+    std::swap(table.rows[0].cells[0], table.rows[0].cells[1]);
+    EXPECT_EQ(failureOf([&] { CopyListviewToClipboard(user, table); }), FailureNumber::outOfMemory);
+    EXPECT_TRUE(user.clipboardTexts.empty() && user.progressTexts.empty());
+}
+
+} // namespace
+} // namespace brindlewick::testing
