@@ -9,12 +9,20 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
 namespace brindlewick::testing {
 
 using Names = std::vector<std::string>;
+
+/// The names in a text, which has a blank between two.
+inline Names names(const std::string& text) {
+    std::istringstream words(text);
+    return {std::istream_iterator<std::string>(words), {}};
+}
 
 /// A folder tree; names that end in "/" are folders, the others empty files.
 class Tree {

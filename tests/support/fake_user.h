@@ -33,6 +33,14 @@ public:
     std::deque<std::u16string> folders;
     std::function<void()> whenYielding;
 
+    /// True when there was one report, of this failure and from this routine ("Form1.PushButton3_Click").
+    bool hasOneReport(std::u16string_view description, std::u16string_view routine) const {
+        return errors.size() == 1 && errors[0].starts_with(std::u16string(description)
+                                                               .append(u"\r\nin Corvane2021/08/31.")
+                                                               .append(routine)
+                                                               .append(u" at line "));
+    }
+
     void showMessage(std::u16string_view text) override { messages.emplace_back(text); }
     void showApplicationError(std::u16string_view text) override { errors.emplace_back(text); }
     bool askYesNo(std::u16string_view text) override {
