@@ -26,8 +26,12 @@ class LineBatchReader {
 public:
     LineBatchReader() : window_(longestText) {}
 
-    /// Has `pause` called now and then while a very long fragment is read.
-    void setPause(std::function<void()> pause) { lines_.setPause(std::move(pause)); }
+    /// Has `pause` called now and then while a very long fragment is read, and while the file's bytes are
+    /// long in coming.
+    void setPause(const std::function<void()>& pause) {
+        file_.setPause(pause);
+        lines_.setPause(pause);
+    }
     /// Opens the file; false when it has no bytes. Fails as TextFileReader does.
     bool open(std::u16string_view path) { return file_.open(path); }
     void close() noexcept { file_.close(); }

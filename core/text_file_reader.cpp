@@ -64,8 +64,9 @@ bool TextFileReader::open(std::u16string_view path) {
     if (file_->length() > 3 * (longestText + 1))
         throw Failure(FailureNumber::outOfMemory);
     nextPiece();
-    for (UnitBuffer text(longestText); readMore(text);)
-        text.cutTo(0);
+    for (UnitBuffer text(longestText); readMore(text); text.cutTo(0))
+        if (pause_)
+            pause_();
     return start(path);
 }
 
@@ -146,7 +147,7 @@ void TextFileReader::fillBuffer(std::size_t wanted) {
     std::memmove(bytes_.get(), bytes_.get() + begin_, end_ - begin_);
     end_ -= begin_;
     begin_ = 0;
-    const std::size_t count = file_->read({bytes_.get() + end_, bufferLength - end_});
+    const std::size_t count = file_->read({bytes_.get() + end_, bufferLength - end_}, pause_);
     bytesRead_ += count;
     end_ += count;
     atEnd_ = end_ < bufferLength;

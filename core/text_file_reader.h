@@ -6,10 +6,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace brindlewick {
@@ -36,6 +38,9 @@ class TextFileReader {
 public:
     TextFileReader();
 
+    /// Has `pause` called now and then while the bytes of a file are long in coming, and while a very long
+    /// file is counted through.
+    void setPause(std::function<void()> pause) { pause_ = std::move(pause); }
     /// Opens the file, in place of the one before, and looks at its mark. False when it has no bytes: one
     /// empty piece. Fails as files.h says.
     bool open(std::u16string_view path);
@@ -62,6 +67,7 @@ private:
     std::string_view buffered() const noexcept { return {bytes_.get() + begin_, end_ - begin_}; }
     std::size_t bytesPerUnit() const noexcept { return mark_.isUnicode ? 2 : 1; }
 
+    std::function<void()> pause_;
     std::optional<InputFile> file_;
     ByteOrderMark mark_;
     std::unique_ptr<char[]> bytes_;

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -87,11 +88,15 @@ public:
 
     /// Reads up to `bytes.size()` bytes, fewer only at the end; gives the count read, 0 at the end.
     std::size_t read(std::span<char> bytes);
+    /// The same; of a file that is not on this machine's own disks `meanwhile` is called while its bytes are
+    /// long in coming.
+    std::size_t read(std::span<char> bytes, const std::function<void()>& meanwhile);
     /// The length in bytes as it was when the file was opened.
     std::uint64_t length() const noexcept { return length_; }
 
 private:
     std::intptr_t handle_;
+    bool isFar_ = false; ///< on another machine, or given by a program
     std::uint64_t length_ = 0;
 };
 

@@ -2,18 +2,27 @@
 // file.
 #include "platform/files.h"
 
+#include "platform/aside.h"
 #include "platform/folder_order.h"
 #include "platform/native_path.h"
 #include "platform/system_failure_posix.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <iterator>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#ifdef __linux__
+#include <sys/vfs.h>
+#else
+#include <sys/mount.h>
+#endif
 #include <unistd.h>
 
 namespace brindlewick {
@@ -35,6 +44,30 @@ bool look(const std::string& path, struct stat& status) {
 bool isLink(const std::string& path) {
     struct stat status {};
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
+/// True for a file system of another machine, and for one that a program makes up as it goes.
+bool isFarFileSystem(int file) {
+    struct statfs system {};
+    if (::fstatfs(file, &system) != 0)
+        return false;
+#ifdef __linux__
+    // From statfs(2): FUSE, NFS, SMB, CIFS, SMB2, 9P, CEPH, CODA, AFS, AFS of another kind.
+    static constexpr std::uint32_t far[] = {0x65735546, 0x6969,     0x517B,     0xFF534D42, 0xFE534D42,
+                                            0x01021997, 0x00C36400, 0x73757245, 0x5346414F, 0x6B414653};
+    return std::find(std::begin(far), std::end(far), static_cast<std::uint32_t>(system.f_type)) !=
+           std::end(far);
+#else
+    return (system.f_flags & MNT_LOCAL) == 0;
+#endif
+}
+
+/// Asks once for many files in a row on one device.
+bool isOnFarDevice(int file, dev_t device) {
+    static thread_local std::optional<std::pair<dev_t, bool>> last;
+    if (!last || last->first != device)
+        last = {device, isFarFileSystem(file)};
+    return last->second;
 }
 
 /// The path without separators at its end: behind one, the system would look at a link's target and the name
@@ -202,6 +235,7 @@ InputFile::InputFile(std::u16string_view path) : handle_(-1) {
     }
     handle_ = file;
     length_ = static_cast<std::uint64_t>(status.st_size);
+    isFar_ = isOnFarDevice(file, status.st_dev);
 }
 
 InputFile::~InputFile() {
@@ -220,6 +254,14 @@ std::size_t InputFile::read(std::span<char> bytes) {
             break;
         count += static_cast<std::size_t>(got);
     }
+    return count;
+}
+
+std::size_t InputFile::read(std::span<char> bytes, const std::function<void()>& meanwhile) {
+    if (!isFar_ || !meanwhile)
+        return read(bytes);
+    std::size_t count = 0;
+    runAside([&] { count = read(bytes); }, meanwhile);
     return count;
 }
 

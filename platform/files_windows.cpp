@@ -1,6 +1,7 @@
 // Files and folders through the wide Windows calls, by paths of any length.
 #include "platform/files.h"
 
+#include "platform/aside.h"
 #include "platform/folder_order.h"
 #include "platform/native_path.h"
 #include "platform/system_failure_windows.h"
@@ -207,6 +208,10 @@ InputFile::InputFile(std::u16string_view path) : handle_(0) {
     if (::GetFileType(file.get()) != FILE_TYPE_DISK)
         throw Failure(FailureNumber::deviceIoError);
     length_ = lengthOf(file.get());
+    // Only a file of another machine has a protocol.
+    FILE_REMOTE_PROTOCOL_INFO protocol{};
+    isFar_ =
+        ::GetFileInformationByHandleEx(file.get(), FileRemoteProtocolInfo, &protocol, sizeof protocol) != 0;
     handle_ = reinterpret_cast<std::intptr_t>(file.release());
 }
 
@@ -226,6 +231,14 @@ std::size_t InputFile::read(std::span<char> bytes) {
             break;
         count += got;
     }
+    return count;
+}
+
+std::size_t InputFile::read(std::span<char> bytes, const std::function<void()>& meanwhile) {
+    if (!isFar_ || !meanwhile)
+        return read(bytes);
+    std::size_t count = 0;
+    runAside([&] { count = read(bytes); }, meanwhile);
     return count;
 }
 
