@@ -1,3 +1,4 @@
+// The one report of whatever ends a step, and the text of each failure.
 #include "platform/error_report.h"
 
 #include "support/fake_user.h"
@@ -13,61 +14,49 @@ namespace {
 
 using testing::FakeUser;
 
-constexpr std::u16string_view location = u"in Corvane2021/08/31.Form1.PushButton7_Click ";
-
-TEST(ApplicationErrorText, HoldsItsPiecesWithNothingBetween) {
-    EXPECT_EQ(applicationErrorText(location, u"File not found", 4096),
-              u"File not found\r\nin Corvane2021/08/31.Form1.PushButton7_Click at line 4096\r\r"
-              u"Please email screenshot of this message to support@brindlewick.example");
-    EXPECT_EQ(applicationErrorText(u"", u"", 0),
-              u"\r\nat line 0\r\rPlease email screenshot of this message to support@brindlewick.example");
-}
-
-struct Case {
-    std::function<void()> step;
-    std::u16string description;
-};
-
-class ReportedException : public ::testing::TestWithParam<Case> {};
-
-TEST_P(ReportedException, NamesTheLineOfItsStepAndEndsIt) {
-    FakeUser user;
-    const Guard guard(user, location);
-    bool hasGoneOn = true;
-    const bool isDone = guard([&] {
-        GetParam().step();
-        hasGoneOn = false;
-    });
-    EXPECT_FALSE(isDone);
-    EXPECT_TRUE(hasGoneOn);
-    const std::uint_least32_t line = __LINE__ + 1;
-    EXPECT_FALSE(guard([&] { GetParam().step(); }));
-    ASSERT_EQ(user.errors.size(), 2U);
-    EXPECT_EQ(user.errors[1], applicationErrorText(location, GetParam().description, line));
-}
-
-INSTANTIATE_TEST_SUITE_P(Exceptions, ReportedException,
-                         ::testing::Values(Case{[] { throw Failure(FailureNumber::diskFull); }, u"Disk full"},
-                                           Case{[] { throw std::bad_alloc(); }, u"Out of memory"},
-                                           Case{[] { throw std::bad_array_new_length(); }, u"Out of memory"},
-                                           Case{[] { throw std::length_error(""); }, u"Out of memory"},
-                                           Case{[] { throw std::out_of_range(""); },
-                                                u"Invalid procedure call or argument"},
-                                           Case{[] { throw 1; }, u"Invalid procedure call or argument"}));
-
-TEST(Guard, LetsASoundStepPassWithoutAReport) {
-    FakeUser user;
-    int runs = 0;
-    EXPECT_TRUE(Guard(user, location)([&] { ++runs; }));
-    EXPECT_EQ(runs, 1);
-    EXPECT_TRUE(user.errors.empty());
+TEST(Guard, ReportsWhateverEndsAStepAndGoesOn) {
+    const auto failing = [](int number) {
+        return [number] { throw Failure(static_cast<FailureNumber>(number)); };
+    };
+    const std::pair<std::function<void()>, std::u16string> cases[] = {
+        {failing(5), u"Invalid procedure call or argument"},
+        {failing(6), u"Overflow"},
+        {failing(7), u"Out of memory"},
+        {failing(9), u"Subscript out of range"},
+        {failing(13), u"Type mismatch"},
+        {failing(28), u"Out of stack space"},
+        {failing(53), u"File not found"},
+        {failing(57), u"Device I/O error"},
+        {failing(61), u"Disk full"},
+        {failing(70), u"Permission denied"},
+        {failing(76), u"Path not found"},
+        {failing(457), u"This key is already associated with an element of this collection"},
+        {failing(481), u"Invalid picture"},
+        {[] { throw std::bad_alloc(); }, u"Out of memory"},
+        {[] { throw std::bad_array_new_length(); }, u"Out of memory"},
+        {[] { throw std::length_error(""); }, u"Out of memory"},
+        {[] { throw std::out_of_range(""); }, u"Invalid procedure call or argument"},
+        {[] { throw 1; }, u"Invalid procedure call or argument"},
+    };
+    for (const auto& [step, description] : cases) {
+        FakeUser user;
+        const Guard guard(user, u"in Corvane2021/08/31.Form1.PushButton7_Click ");
+        EXPECT_TRUE(guard([] {}));
+        const std::string line = std::to_string(__LINE__ + 1);
+        EXPECT_FALSE(guard(step));
+        const std::u16string report =
+            description + u"\r\nin Corvane2021/08/31.Form1.PushButton7_Click at line " +
+            std::u16string(line.begin(), line.end()) +
+            u"\r\rPlease email screenshot of this message to support@brindlewick.example";
+        EXPECT_EQ(user.errors, std::vector{report});
+    }
 }
 
 TEST(Guard, KeepsInsideWhatTheReportItselfThrows) {
     struct : FakeUser {
         void showApplicationError(std::u16string_view) override { throw std::bad_alloc(); }
     } user;
-    EXPECT_NO_THROW(EXPECT_FALSE(Guard(user, location)([] { throw Failure(FailureNumber::overflow); })));
+    EXPECT_NO_THROW(EXPECT_FALSE(Guard(user, u"")([] { throw Failure(FailureNumber::overflow); })));
 }
 
 } // namespace

@@ -16,49 +16,40 @@ namespace {
 namespace fs = std::filesystem;
 using testing::failureOf;
 using testing::shown;
-using testing::Status;
 using testing::TemporaryFolder;
 using Shown = std::vector<std::string>;
 
-class LinkScene {
-public:
-    LinkScene() {
-        folder_.write("file", "four");
-        folder_.write("folder/inside", "");
-        fs::create_symlink("file", folder_.path() / "fileLink");
-        fs::create_symlink("folder", folder_.path() / "folderLink");
-        fs::create_symlink("nowhere", folder_.path() / "deadLink");
-        fs::create_symlink("circle", folder_.path() / "circle");
-        ::mkfifo((folder_.path() / "pipe").c_str(), 0600);
-    }
-    std::u16string text(std::u16string_view name) const {
-        return folder_.text() + u"/" + std::u16string(name);
-    }
+TEST(LinksAndPipes, AreLookedAtListedAndOpened) {
+    const TemporaryFolder folder;
+    folder.write("file", "four");
+    folder.write("folder/inside", "");
+    fs::create_symlink("file", folder.path() / "fileLink");
+    fs::create_symlink("folder", folder.path() / "folderLink");
+    fs::create_symlink("nowhere", folder.path() / "deadLink");
+    fs::create_symlink("circle", folder.path() / "circle");
+    ::mkfifo((folder.path() / "pipe").c_str(), 0600);
+    const testing::Status cases[] = {
+        {u"fileLink", 32},
+        {u"folderLink", 1046},
+        {u"folderLink/", 1046},
+        {u"folderLink/inside", 32},
+        {u"pipe", 0},
+        {u"deadLink", std::nullopt, FailureNumber::fileNotFound},
+        {u"circle", std::nullopt, FailureNumber::deviceIoError},
+    };
+    for (const testing::Status& expected : cases)
+        testing::expectStatus(folder.text() + u"/" + expected.name, expected);
 
-private:
-    TemporaryFolder folder_;
-};
+    const Shown all = {"circle", "deadLink", "file", "fileLink", "folder/", "folderLink/@", "pipe"};
+    EXPECT_EQ(shown(listFolder(folder.text())), all);
+    EXPECT_EQ(shown(listFolder(folder.text("folderLink"))), Shown{"inside"});
+    EXPECT_EQ(failureOf([&] { listFolder(folder.text("deadLink")); }), FailureNumber::pathNotFound);
 
-class StatusOfALink : public ::testing::TestWithParam<Status> {};
-
-TEST_P(StatusOfALink, IsTheSameHoweverItIsAsked) {
-    const LinkScene scene;
-    testing::expectStatus(scene.text(GetParam().name), GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Paths, StatusOfALink,
-                         ::testing::Values(Status{u"fileLink", 32}, Status{u"folderLink", 1046},
-                                           Status{u"folderLink/", 1046}, Status{u"folderLink/inside", 32},
-                                           Status{u"pipe", 0},
-                                           Status{u"deadLink", std::nullopt, FailureNumber::fileNotFound},
-                                           Status{u"circle", std::nullopt, FailureNumber::deviceIoError}));
-
-TEST(ListFolder, TellsLinksToFoldersApart) {
-    const LinkScene scene;
-    const Shown expected = {"circle", "deadLink", "file", "fileLink", "folder/", "folderLink/@", "pipe"};
-    EXPECT_EQ(shown(listFolder(scene.text(u""))), expected);
-    EXPECT_EQ(shown(listFolder(scene.text(u"folderLink"))), Shown{"inside"});
-    EXPECT_EQ(failureOf([&] { listFolder(scene.text(u"deadLink")); }), FailureNumber::pathNotFound);
+    EXPECT_EQ(InputFile(folder.text("fileLink")).length(), 4U);
+    std::string bytes(3, '\0');
+    EXPECT_EQ(InputFile(folder.text("pipe")).read(bytes), 0U); // without waiting for somebody who writes
+    EXPECT_EQ(failureOf([&] { InputFile file(folder.text("folderLink")); }), FailureNumber::permissionDenied);
+    EXPECT_EQ(failureOf([&] { InputFile file(folder.text("deadLink")); }), FailureNumber::fileNotFound);
 }
 
 TEST(ListFolder, LetsNamesOfAnyBytesBeOpened) {
@@ -69,12 +60,8 @@ TEST(ListFolder, LetsNamesOfAnyBytesBeOpened) {
         std::ofstream(folder.path() / name) << name;
     const std::vector<FolderEntry> entries = listFolder(folder.text());
     EXPECT_EQ(shown(entries), names);
-    for (const FolderEntry& entry : entries) {
-        const std::u16string path = folder.text() + u"/" + entry.name;
-        std::string bytes(10, '\0');
-        bytes.resize(InputFile(path).read(bytes));
-        EXPECT_EQ(bytes, nativePath(entry.name).native());
-    }
+    for (const FolderEntry& entry : entries)
+        EXPECT_EQ(testing::bytesOf(folder.text() + u"/" + entry.name), nativePath(entry.name).native());
 }
 
 TEST(RefusedAccess, IsPermissionDenied) {
@@ -82,25 +69,11 @@ TEST(RefusedAccess, IsPermissionDenied) {
         GTEST_SKIP() << "nothing is refused to root";
     const TemporaryFolder folder;
     const std::u16string file = folder.write("closed/file", "");
-    const std::u16string closed = folder.text("closed");
     fs::permissions(folder.path() / "closed", fs::perms::none);
-    EXPECT_EQ(failureOf([&] { listFolder(closed); }), FailureNumber::permissionDenied);
+    EXPECT_EQ(failureOf([&] { listFolder(folder.text("closed")); }), FailureNumber::permissionDenied);
     EXPECT_EQ(failureOf([&] { InputFile opened(file); }), FailureNumber::permissionDenied);
     EXPECT_FALSE(FileExists(file));
     fs::permissions(folder.path() / "closed", fs::perms::owner_all);
-}
-
-TEST(InputFile, DoesNotWaitForAPipeWithoutAWriter) {
-    const LinkScene scene;
-    std::string bytes(3, '\0');
-    EXPECT_EQ(InputFile(scene.text(u"pipe")).read(bytes), 0U);
-}
-
-TEST(InputFile, FollowsLinksAndRefusesThoseThatLeadNowhere) {
-    const LinkScene scene;
-    EXPECT_EQ(InputFile(scene.text(u"fileLink")).length(), 4U);
-    EXPECT_EQ(failureOf([&] { InputFile file(scene.text(u"folderLink")); }), FailureNumber::permissionDenied);
-    EXPECT_EQ(failureOf([&] { InputFile file(scene.text(u"deadLink")); }), FailureNumber::fileNotFound);
 }
 
 } // namespace

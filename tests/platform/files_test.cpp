@@ -12,68 +12,62 @@ namespace brindlewick {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::expectStatus;
 using testing::failureOf;
 using testing::shown;
 using testing::Status;
-using testing::TemporaryFolder;
 using Shown = std::vector<std::string>;
 
 /// One of everything that a path can name everywhere.
-class Scene {
-public:
-    Scene() {
-        folder_.write("file", "four");
+class Files : public ::testing::Test {
+protected:
+    Files() {
+        folder.write("file", "four");
         for (const char* name : {".hidden", "fixed", ".both", "folder/inside", ".folder/inside"})
-            folder_.write(name, "");
+            folder.write(name, "");
         for (const char* name : {"fixed", ".both"})
-            fs::permissions(folder_.path() / name, fs::perms::owner_read);
+            fs::permissions(folder.path() / name, fs::perms::owner_read);
+        folder.makeFolder("folder/empty");
     }
     std::u16string text(std::u16string_view name) const {
-        return folder_.text() + pathSeparator + std::u16string(name);
+        return folder.text() + pathSeparator + std::u16string(name);
     }
-
-private:
-    TemporaryFolder folder_;
+    testing::TemporaryFolder folder;
 };
 
-class StatusOfAPath : public ::testing::TestWithParam<Status> {};
-
-TEST_P(StatusOfAPath, IsTheSameHoweverItIsAsked) {
-    const Scene scene;
-    expectStatus(scene.text(GetParam().name), GetParam());
+TEST_F(Files, HaveOneStatusHoweverItIsAsked) {
+    const Status cases[] = {
+        {u"file", 32},
+        {u".hidden", 34},
+        {u"fixed", 33},
+        {u".both", 35},
+        {u"folder", 16},
+        {u"folder/", 16},
+        {u".folder//", 18},
+        {u"folder/inside", 32},
+        {u"missing", std::nullopt, FailureNumber::fileNotFound},
+        {u"missing/file", std::nullopt, FailureNumber::pathNotFound},
+        {u"file/below", std::nullopt, FailureNumber::pathNotFound},
+        {std::u16string(u"file\0x", 6), std::nullopt, FailureNumber::fileNotFound},
+        {std::u16string(300, u'a'), std::nullopt, FailureNumber::fileNotFound},
+    };
+    for (const Status& expected : cases)
+        testing::expectStatus(text(expected.name), expected);
+    testing::expectStatus(u"", {u"", std::nullopt, FailureNumber::fileNotFound});
+    EXPECT_EQ(fileLength(text(u"file")), 4U);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Paths, StatusOfAPath,
-    ::testing::Values(Status{u"file", 32}, Status{u".hidden", 34}, Status{u"fixed", 33}, Status{u".both", 35},
-                      Status{u"folder", 16}, Status{u"folder/", 16}, Status{u".folder", 18},
-                      Status{u".folder//", 18}, Status{u"folder/inside", 32},
-                      Status{u"missing", std::nullopt, FailureNumber::fileNotFound},
-                      Status{u"missing/file", std::nullopt, FailureNumber::pathNotFound},
-                      Status{u"file/below", std::nullopt, FailureNumber::pathNotFound},
-                      Status{std::u16string(u"file\0x", 6), std::nullopt, FailureNumber::fileNotFound},
-                      Status{std::u16string(300, u'a'), std::nullopt, FailureNumber::fileNotFound}));
-
-TEST(StatusOfNothing, IsTheEmptyPath) {
-    expectStatus(u"", {u"", std::nullopt, FailureNumber::fileNotFound});
-}
-
-TEST(FileLength, CountsBytes) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(fileLength(folder.write("a", "\xE2\x82\xAC\r\n")), 5U);
-    EXPECT_EQ(fileLength(folder.write("b", "")), 0U);
-}
-
-TEST(ListFolder, TellsFoldersFromFiles) {
-    const Scene scene;
-    const Shown expected = {".both", ".folder/", ".hidden", "file", "fixed", "folder/"};
-    EXPECT_EQ(shown(listFolder(scene.text(u""))), expected);
-    EXPECT_EQ(shown(listFolder(scene.text(u"folder"))), Shown{"inside"});
+TEST_F(Files, AreListedWithTheirFolders) {
+    EXPECT_EQ(shown(listFolder(folder.text())),
+              (Shown{".both", ".folder/", ".hidden", "file", "fixed", "folder/"}));
+    EXPECT_EQ(shown(listFolder(folder.text("folder"))), (Shown{"empty/", "inside"}));
+    EXPECT_EQ(shown(listFolder(folder.text("folder/empty"))), Shown{});
+    for (const std::u16string& noFolder :
+         {text(u"missing"), text(u"file"), text(u"missing/below"), std::u16string()})
+        EXPECT_EQ(failureOf([&] { listFolder(noFolder); }), FailureNumber::pathNotFound);
 }
 
 TEST(ListFolder, OrdersNamesWithoutCaseAndLetsEachBeOpened) {
-    const TemporaryFolder folder;
+    const testing::TemporaryFolder folder;
     const Shown names = {" a",
                          "...b",
                          "[",
@@ -89,82 +83,52 @@ TEST(ListFolder, OrdersNamesWithoutCaseAndLetsEachBeOpened) {
         folder.write(name, name);
     const std::vector<FolderEntry> entries = listFolder(folder.text());
     EXPECT_EQ(shown(entries), names);
-    for (const FolderEntry& entry : entries) {
-        std::string bytes(10, '\0');
-        bytes.resize(InputFile(folder.text() + pathSeparator + entry.name).read(bytes));
-        EXPECT_EQ(bytes, testing::nameBytes(entry.name));
+    for (const FolderEntry& entry : entries)
+        EXPECT_EQ(testing::bytesOf(folder.text() + pathSeparator + entry.name),
+                  testing::nameBytes(entry.name));
+}
+
+TEST_F(Files, AreReadInPortionsAndReplacedByteForByte) {
+    const std::string bytes("abc\r\n\x1A\0e", 8);
+    {
+        OutputFile file(folder.write("out", "something longer"));
+        file.write(bytes.substr(0, 4));
+        file.write("");
+        file.write(bytes.substr(4));
+        file.close();
     }
-}
-
-TEST(ListFolder, IsEmptyForAnEmptyFolder) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(shown(listFolder(folder.text())), Shown{});
-}
-
-TEST(ListFolder, FailsWhenThereIsNoFolderToRead) {
-    const Scene scene;
-    for (const std::u16string_view name : {u"missing", u"file", u"missing/below"})
-        EXPECT_EQ(failureOf([&] { listFolder(scene.text(name)); }), FailureNumber::pathNotFound);
-    EXPECT_EQ(failureOf([] { listFolder(u""); }), FailureNumber::pathNotFound);
-}
-
-TEST(InputFile, ReadsInPortionsUpToTheEnd) {
-    const TemporaryFolder folder;
-    InputFile file(folder.write("file", "abc\r\n\x1A"
-                                        "de"));
+    InputFile file(text(u"out"));
     EXPECT_EQ(file.length(), 8U);
-    std::string bytes(5, '\0');
-    EXPECT_EQ(file.read(bytes), 5U);
-    EXPECT_EQ(bytes, "abc\r\n");
-    EXPECT_EQ(file.read(bytes), 3U);
-    EXPECT_EQ(bytes.substr(0, 3), "\x1A"
-                                  "de");
-    EXPECT_EQ(file.read(bytes), 0U);
+    std::string portion(5, '\0');
+    EXPECT_EQ(file.read(portion), 5U);
+    EXPECT_EQ(portion, bytes.substr(0, 5));
+    EXPECT_EQ(file.read(portion), 3U);
+    EXPECT_EQ(portion.substr(0, 3), bytes.substr(5));
+    EXPECT_EQ(file.read(portion), 0U);
 }
 
-struct Refused {
-    std::u16string name;
-    FailureNumber number;
-};
-
-class FileThatCannotBeOpened : public ::testing::TestWithParam<Refused> {};
-
-TEST_P(FileThatCannotBeOpened, FailsAtOnce) {
-    const Scene scene;
-    EXPECT_EQ(failureOf([&] { InputFile file(scene.text(GetParam().name)); }), GetParam().number);
-}
-
-INSTANTIATE_TEST_SUITE_P(Names, FileThatCannotBeOpened,
-                         ::testing::Values(Refused{u"missing", FailureNumber::fileNotFound},
-                                           Refused{u"missing/file", FailureNumber::pathNotFound},
-                                           Refused{u"folder", FailureNumber::permissionDenied},
-                                           Refused{std::u16string(u"file\0", 5), FailureNumber::fileNotFound},
-                                           Refused{std::u16string(5000, u'a'), FailureNumber::fileNotFound}));
-
-TEST(OutputFile, ReplacesWhatIsThereByteForByte) {
-    const TemporaryFolder folder;
-    OutputFile file(folder.write("out", "something longer"));
-    file.write("a\r\n");
-    file.write("");
-    file.write({"b\n\0\x1A", 4});
-    file.close();
-    EXPECT_EQ(folder.read("out"), std::string("a\r\nb\n\0\x1A", 7));
-}
-
-TEST(OutputFile, DoesNotReplaceAFileThatIsReadOnly) {
-    const Scene scene;
-    const auto openFixed = [&] { OutputFile file(scene.text(u"fixed")); };
-    if (!failureOf(openFixed))
-        GTEST_SKIP() << "nothing is refused to root";
-    EXPECT_EQ(failureOf(openFixed), FailureNumber::permissionDenied);
+TEST_F(Files, ThatCannotBeOpenedFailAtOnce) {
+    const std::pair<std::u16string, FailureNumber> cases[] = {
+        {u"missing/file", FailureNumber::pathNotFound},
+        {u"file/below", FailureNumber::pathNotFound},
+        {u"folder", FailureNumber::permissionDenied},
+        {std::u16string(u"file\0", 5), FailureNumber::fileNotFound},
+        {std::u16string(5000, u'a'), FailureNumber::fileNotFound},
+    };
+    for (const auto& [name, number] : cases) {
+        EXPECT_EQ(failureOf([&] { InputFile file(text(name)); }), number);
+        EXPECT_EQ(failureOf([&] { OutputFile file(text(name)); }), number);
+    }
+    EXPECT_EQ(failureOf([&] { InputFile file(text(u"missing")); }), FailureNumber::fileNotFound);
+    const auto failure = failureOf([&] { OutputFile file(text(u"fixed")); }); // nothing is refused to root
+    EXPECT_EQ(failure.value_or(FailureNumber::permissionDenied), FailureNumber::permissionDenied);
 }
 
 TEST(ProgramFolder, HoldsThisTest) {
-    const std::u16string folder = programFolder();
-    EXPECT_NE(folder.back(), pathSeparator);
-    const std::vector<FolderEntry> entries = listFolder(folder);
+    const std::vector<FolderEntry> entries = listFolder(programFolder());
+    EXPECT_NE(programFolder().back(), pathSeparator);
     EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const FolderEntry& entry) {
-        return !entry.isFolder && (entry.name == u"platform_tests" || entry.name == u"platform_tests.exe");
+        return entry.name == u"platform_tests" || entry.name == u"platform_tests.exe";
     }));
 }
 

@@ -32,6 +32,13 @@ inline void expectStatus(const std::u16string& path, const Status& expected) {
               isFolder ? FailureNumber::permissionDenied : expected.failure);
 }
 
+/// The first bytes of a file, enough for a name.
+inline std::string bytesOf(const std::u16string& path) {
+    std::string bytes(10, '\0');
+    bytes.resize(InputFile(path).read(bytes));
+    return bytes;
+}
+
 /// Each name as bytes, "/" behind a folder and "@" behind one that is a link.
 inline std::vector<std::string> shown(const std::vector<FolderEntry>& entries) {
     std::vector<std::string> names;

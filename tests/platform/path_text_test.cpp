@@ -1,6 +1,5 @@
+// Paths as bytes and as text, the same on every platform, and the file name in a path.
 #include "platform/native_path.h"
-
-#include "platform/path_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -9,49 +8,39 @@
 namespace brindlewick {
 namespace {
 
-struct Case {
-    std::u16string_view path;
-    std::u16string_view name;
-};
-
-class FileNamePart : public ::testing::TestWithParam<Case> {};
-
-TEST_P(FileNamePart, FollowsTheLastSeparatorOfEitherKind) {
-    EXPECT_EQ(fileNamePart(GetParam().path), GetParam().name);
+TEST(FileNamePart, FollowsTheLastSeparatorOfEitherKind) {
+    const std::pair<std::u16string_view, std::u16string_view> cases[] = {
+        {u"", u""},         {u"a.json", u"a.json"}, {u"/x\\a/b", u"b"},
+        {u"/x/a\\b", u"b"}, {u"/x/", u""},          {u"C:a", u"C:a"},
+    };
+    for (const auto& [path, name] : cases)
+        EXPECT_EQ(fileNamePart(path), name);
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, FileNamePart,
-                         ::testing::Values(Case{u"", u""}, Case{u"a.json", u"a.json"},
-                                           Case{u"/x/a.json", u"a.json"}, Case{u"C:\\x\\a.json", u"a.json"},
-                                           Case{u"/x\\a/b", u"b"}, Case{u"/x/a\\b", u"b"}, Case{u"/x/", u""},
-                                           Case{u"C:a", u"C:a"}));
-
-class TextOfPathBytes : public ::testing::TestWithParam<testing::PathBytes> {};
-
-TEST_P(TextOfPathBytes, IsTheSameOnEveryPlatformBothWays) {
-    EXPECT_EQ(textFromPathBytes(GetParam().bytes), GetParam().text);
-    EXPECT_EQ(pathBytes(GetParam().text), GetParam().bytes);
+TEST(PathBytes, BecomeTextWithAnEscapeForEachByteThatIsNone) {
+    const std::pair<std::string, std::u16string> cases[] = {
+        {"", u""},
+        {"/a b/\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80", u"/a b/\u00E4\u20AC\U0001F600"},
+        {"a\x80z", {u'a', 0xDC80, u'z'}},
+        {"\xFF", {0xDCFF}},
+        {"\xE2\x82", {0xDCE2, 0xDC82}},
+        {"\xC0\xAF", {0xDCC0, 0xDCAF}},
+        {"\xED\xA0\x80", {0xDCED, 0xDCA0, 0xDC80}},
+        {"\xF4\x90\x80\x80", {0xDCF4, 0xDC90, 0xDC80, 0xDC80}},
+        {"\xF0\x90\x82\x80\x80", {0xD800, 0xDC80, 0xDC80}}, // a pair, then an escape
+        {"\xEF\xBF\xBD\xFE", {0xFFFD, 0xDCFE}},
+    };
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(textFromPathBytes(bytes), text);
+        EXPECT_EQ(pathBytes(text), bytes);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, TextOfPathBytes, ::testing::ValuesIn(testing::pathBytes));
-
-struct Lone {
-    std::u16string text;
-    std::string bytes;
-};
-
-class LoneSurrogate : public ::testing::TestWithParam<Lone> {};
-
-TEST_P(LoneSurrogate, OutsideTheEscapesIsReplaced) {
-    EXPECT_EQ(pathBytes(GetParam().text), GetParam().bytes);
+TEST(PathBytes, ReplaceSurrogatesThatAreNoEscapes) {
+    EXPECT_EQ(pathBytes(std::u16string{0xD800, u'/', 0xDC7F, u'/', 0xDD00, u'/', 0xD800, u'a', 0xDC80}),
+              "\xEF\xBF\xBD/\xEF\xBF\xBD/\xEF\xBF\xBD/\xEF\xBF\xBD"
+              "a\x80");
 }
-
-INSTANTIATE_TEST_SUITE_P(Texts, LoneSurrogate,
-                         ::testing::Values(Lone{{0xD800}, "\xEF\xBF\xBD"}, Lone{{0xDC7F}, "\xEF\xBF\xBD"},
-                                           Lone{{0xDD00}, "\xEF\xBF\xBD"},
-                                           Lone{{0xD800, u'a', 0xDC80},
-                                                "\xEF\xBF\xBD"
-                                                "a\x80"}));
 
 TEST(PathBytes, OfEveryKindComeBack) {
     // Lead, continuation and edge bytes stand often enough to meet in every order.

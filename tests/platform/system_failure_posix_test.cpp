@@ -1,5 +1,6 @@
 #include "platform/system_failure_posix.h"
 
+#include "support/failure_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -9,37 +10,30 @@
 namespace brindlewick {
 namespace {
 
-struct Case {
-    int error;
-    std::string_view path; ///< in a folder that holds the file "file"
-    FailureNumber number;
-};
-
-class SystemFailure : public ::testing::TestWithParam<Case> {};
-
-TEST_P(SystemFailure, FollowsTheErrorAndTheParentFolder) {
+TEST(SystemFailure, FollowsTheErrorAndTheParentFolder) {
     const testing::TemporaryFolder folder;
     folder.write("file", "");
-    try {
-        throwSystemFailure(GetParam().error, folder.path() / GetParam().path);
-    } catch (const Failure& failure) {
-        EXPECT_EQ(failure.number(), GetParam().number);
-    }
+    const struct {
+        int error;
+        std::string_view path;
+        FailureNumber number;
+    } cases[] = {
+        {ENOENT, "missing", FailureNumber::fileNotFound},
+        {ENOENT, "missing/below", FailureNumber::pathNotFound},
+        {ENOTDIR, "file/below", FailureNumber::pathNotFound},
+        {ENAMETOOLONG, "any", FailureNumber::fileNotFound},
+        {EACCES, "any", FailureNumber::permissionDenied},
+        {EPERM, "any", FailureNumber::permissionDenied},
+        {EROFS, "any", FailureNumber::permissionDenied},
+        {EISDIR, "any", FailureNumber::permissionDenied},
+        {ENOSPC, "any", FailureNumber::diskFull},
+        {ENOMEM, "any", FailureNumber::outOfMemory},
+        {EIO, "any", FailureNumber::deviceIoError},
+    };
+    for (const auto& [error, path, number] : cases)
+        EXPECT_EQ(testing::failureOf([&] { throwSystemFailure(error, folder.path() / path); }), number)
+            << error;
 }
-
-INSTANTIATE_TEST_SUITE_P(Errors, SystemFailure,
-                         ::testing::Values(Case{ENOENT, "missing", FailureNumber::fileNotFound},
-                                           Case{ENOENT, "missing/below", FailureNumber::pathNotFound},
-                                           Case{ENOTDIR, "file/below", FailureNumber::pathNotFound},
-                                           Case{ENAMETOOLONG, "any", FailureNumber::fileNotFound},
-                                           Case{EACCES, "any", FailureNumber::permissionDenied},
-                                           Case{EPERM, "any", FailureNumber::permissionDenied},
-                                           Case{EROFS, "any", FailureNumber::permissionDenied},
-                                           Case{EISDIR, "any", FailureNumber::permissionDenied},
-                                           Case{ENOSPC, "any", FailureNumber::diskFull},
-                                           Case{ENOMEM, "any", FailureNumber::outOfMemory},
-                                           Case{EIO, "any", FailureNumber::deviceIoError},
-                                           Case{ENXIO, "any", FailureNumber::deviceIoError}));
 
 } // namespace
 } // namespace brindlewick
