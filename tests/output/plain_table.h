@@ -37,7 +37,7 @@ struct PlainTable : ListviewTable {
 /// Rows with texts of 0 to 20 units of every troublesome kind, a third of them unticked.
 inline PlainTable generatedTable(std::vector<std::u16string> headers, std::size_t rowCount,
                                  std::size_t seed) {
-    static constexpr std::u16string_view units = u"ab ,\t\r\n\"\u00E9\u20AC\u0416 ";
+    static constexpr char16_t units[] = u"ab ,\t\r\n\"\u00E9\u20AC\u0416 "; // and the NUL behind it
     std::mt19937 random(static_cast<unsigned>(seed));
     PlainTable table(std::move(headers), {});
     for (std::size_t row = 0; row < rowCount; ++row) {
@@ -46,7 +46,7 @@ inline PlainTable generatedTable(std::vector<std::u16string> headers, std::size_
         for (std::size_t column = 0; column < table.headers.size(); ++column) {
             std::u16string text;
             for (auto left = random() % 21; left > 0; --left)
-                text += units[random() % units.size()];
+                text += units[random() % std::size(units)];
             made.cells.push_back(std::move(text));
         }
         table.rows.push_back(std::move(made));

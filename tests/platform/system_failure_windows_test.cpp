@@ -21,18 +21,13 @@ TEST_P(SystemFailure, FollowsTheErrorCode) {
 INSTANTIATE_TEST_SUITE_P(Errors, SystemFailure,
                          ::testing::Values(Case{ERROR_FILE_NOT_FOUND, FailureNumber::fileNotFound},
                                            Case{ERROR_INVALID_NAME, FailureNumber::fileNotFound},
-                                           Case{ERROR_FILENAME_EXCED_RANGE, FailureNumber::fileNotFound},
                                            Case{ERROR_PATH_NOT_FOUND, FailureNumber::pathNotFound},
                                            Case{ERROR_DIRECTORY, FailureNumber::pathNotFound},
-                                           Case{ERROR_BAD_NETPATH, FailureNumber::pathNotFound},
                                            Case{ERROR_ACCESS_DENIED, FailureNumber::permissionDenied},
                                            Case{ERROR_SHARING_VIOLATION, FailureNumber::permissionDenied},
-                                           Case{ERROR_LOCK_VIOLATION, FailureNumber::permissionDenied},
                                            Case{ERROR_WRITE_PROTECT, FailureNumber::permissionDenied},
                                            Case{ERROR_DISK_FULL, FailureNumber::diskFull},
-                                           Case{ERROR_HANDLE_DISK_FULL, FailureNumber::diskFull},
                                            Case{ERROR_NOT_ENOUGH_MEMORY, FailureNumber::outOfMemory},
-                                           Case{ERROR_NOT_READY, FailureNumber::deviceIoError},
                                            Case{ERROR_CRC, FailureNumber::deviceIoError}));
 
 } // namespace
