@@ -2,12 +2,13 @@
 #include "app/appearance.h"
 
 #include "app/cursor_picture.h"
+#include "app/pictures.h"
 #include "platform/failure.h"
+#include "support/failure_of.h"
 #include "support/fake_user.h"
 #include "support/temporary_folder.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QEnterEvent>
 #include <QGroupBox>
@@ -17,13 +18,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
-#include <random>
 
 namespace brindlewick {
 namespace {
 
+using testing::failureOf;
 using testing::FakeUser;
 using testing::TemporaryFolder;
 
@@ -65,46 +67,33 @@ struct Controls {
 };
 
 TEST(ApplySkin, needsTheFileAndTakesWhatItCanLoad) {
-    struct Case {
+    const struct {
         const char* what;
         std::optional<std::string> file;
         bool colours;
         bool fails;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"no file", std::nullopt, false, false},
         {"empty", "", true, false},
-        {"a style sheet", "QPushButton { color: red; }", true, false},
         {"UTF-8 text with a mark", "\xEF\xBB\xBF/* \xC3\xA9 */ QLabel { color: red }", true, false},
         {"not UTF-8", "QLabel { color: red } /* \xFF */", true, true},
         {"binary", std::string("\0\1\2PK\3\4", 7), true, true},
         {"no style sheet", "{{{ this is ] no sheet", true, true},
         {"too long", std::string(5'000'000, ' '), true, true},
     };
-    for (const Case& c : cases) {
+    for (const auto& one : cases) {
         const TemporaryFolder folder;
-        if (c.file)
-            folder.write("x/o.cjs", *c.file);
+        if (one.file)
+            folder.write("x/o.cjs", *one.file);
+        else
+            folder.makeFolder("x/o.cjs"); // a folder of that name is none
         Controls controls;
-        std::optional<FailureNumber> failure;
-        try {
-            ApplySkin(controls.window, folder.text());
-        } catch (const Failure& caught) {
-            failure = caught.number();
-        }
-        EXPECT_EQ(failure, c.fails ? std::optional(FailureNumber::invalidProcedureCall) : std::nullopt)
-            << c.what;
-        EXPECT_EQ(controls.coloured(), c.colours) << c.what;
-        EXPECT_EQ(controls.window.styleSheet().isEmpty(), c.fails || !c.file || c.file->empty()) << c.what;
+        EXPECT_EQ(failureOf([&] { ApplySkin(controls.window, folder.text()); }),
+                  one.fails ? std::optional(FailureNumber::invalidProcedureCall) : std::nullopt)
+            << one.what;
+        EXPECT_EQ(controls.coloured(), one.colours) << one.what;
+        EXPECT_EQ(controls.window.styleSheet().isEmpty(), one.fails || !one.file || one.file->empty());
     }
-}
-
-TEST(ApplySkin, aFolderOfThatNameIsNoSkin) {
-    const TemporaryFolder folder;
-    std::filesystem::create_directories(folder.path() / "x" / "o.cjs");
-    Controls controls;
-    ApplySkin(controls.window, folder.text());
-    EXPECT_FALSE(controls.coloured());
 }
 
 std::string number(std::uint32_t value, int count) {
@@ -124,12 +113,7 @@ std::string entry(unsigned side, unsigned x, unsigned y, std::size_t length, std
 }
 
 std::string png(int side) {
-    QImage image(side, side, QImage::Format_ARGB32);
-    image.fill(Qt::red);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data().toStdString();
+    return testing::png(side, side);
 }
 
 /// A bitmap as pointer files hold it: header with the doubled height, blue pixels, an empty mask.
@@ -148,23 +132,20 @@ std::string cursorFile(const std::string& picture, unsigned side, unsigned x, un
 TEST(CursorPictures, comeWithTheirHotSpot) {
     const std::string two = directory(2, 2) + entry(16, 1, 2, png(16).size(), 38) +
                             entry(32, 3, 4, png(32).size(), 38 + png(16).size()) + png(16) + png(32);
-    struct Case {
+    const struct {
         std::string bytes;
-        QSize size;
+        int side;
         QPoint hotSpot;
         QRgb colour;
-    };
-    const Case cases[] = {
-        {cursorFile(png(32), 32, 5, 31), {32, 32}, {5, 31}, 0xFFFF0000},
-        {cursorFile(bitmap(32), 32, 9, 1), {32, 32}, {9, 1}, 0xFF0201FF},
-        {cursorFile(bitmap(16), 16, 0, 0), {16, 16}, {0, 0}, 0xFF0201FF},
-        {two, {32, 32}, {3, 4}, 0xFFFF0000},
-    };
-    for (const Case& c : cases) {
-        const CursorPicture picture = cursorPictureFromBytes(QByteArray::fromStdString(c.bytes));
-        EXPECT_EQ(picture.image.size(), c.size);
-        EXPECT_EQ(picture.hotSpot, c.hotSpot);
-        EXPECT_EQ(picture.image.pixel(c.size.width() / 2, 3), c.colour);
+    } cases[] = {{cursorFile(png(32), 32, 5, 31), 32, {5, 31}, 0xFFFF0000},
+                 {cursorFile(bitmap(32), 32, 9, 1), 32, {9, 1}, 0xFF0201FF},
+                 {cursorFile(bitmap(16), 16, 0, 0), 16, {0, 0}, 0xFF0201FF},
+                 {two, 32, {3, 4}, 0xFFFF0000}};
+    for (const auto& one : cases) {
+        const CursorPicture picture = cursorPictureFromBytes(QByteArray::fromStdString(one.bytes));
+        EXPECT_EQ(picture.image.size(), QSize(one.side, one.side));
+        EXPECT_EQ(picture.hotSpot, one.hotSpot);
+        EXPECT_EQ(picture.image.pixel(one.side / 2, 3), one.colour);
     }
 }
 
@@ -172,7 +153,6 @@ TEST(CursorPictures, brokenFilesAreInvalidPictures) {
     const std::string good = cursorFile(png(32), 32, 0, 0);
     const std::pair<const char*, std::string> cases[] = {
         {"empty", ""},
-        {"text", "this is no pointer picture at all, only text"},
         {"an icon", directory(1, 1) + entry(32, 0, 0, png(32).size(), 22) + png(32)},
         {"no entries", directory(2, 0) + std::string(40, '\0')},
         {"more entries than bytes", directory(2, 65535) + good.substr(6)},
@@ -184,34 +164,9 @@ TEST(CursorPictures, brokenFilesAreInvalidPictures) {
         {"no picture", cursorFile(std::string(100, 'x'), 32, 0, 0)},
     };
     for (const auto& [what, bytes] : cases)
-        try {
-            cursorPictureFromBytes(QByteArray::fromStdString(bytes));
-            ADD_FAILURE() << what;
-        } catch (const Failure& failure) {
-            EXPECT_EQ(failure.number(), FailureNumber::invalidPicture) << what;
-        }
-}
-
-TEST(CursorPictures, damagedBytesGiveAPictureOrAFailure) {
-    std::mt19937 random(7);
-    int failures = 0;
-    for (const std::string& good : {cursorFile(png(32), 32, 1, 1), cursorFile(bitmap(32), 32, 1, 1)})
-        for (int round = 0; round < 600; ++round) {
-            std::string bytes = good;
-            if (round % 2 == 0)
-                bytes.resize(random() % bytes.size());
-            else
-                for (unsigned i = 0; i <= random() % 4; ++i)
-                    bytes[random() % (round % 4 == 1 ? 70 : bytes.size())] = static_cast<char>(random());
-            try {
-                const CursorPicture picture = cursorPictureFromBytes(QByteArray::fromStdString(bytes));
-                EXPECT_TRUE(picture.image.rect().contains(picture.hotSpot));
-            } catch (const Failure& failure) {
-                EXPECT_EQ(failure.number(), FailureNumber::invalidPicture);
-                ++failures;
-            }
-        }
-    EXPECT_GT(failures, 300);
+        EXPECT_EQ(failureOf([&] { cursorPictureFromBytes(QByteArray::fromStdString(bytes)); }),
+                  FailureNumber::invalidPicture)
+            << what;
 }
 
 TEST(HandPointer, isOptional) {
@@ -243,26 +198,23 @@ TEST(HoverPointers, handOverButtonsArrowElsewhereHourglassUntouched) {
         QEvent event(QEvent::Leave);
         QApplication::sendEvent(&widget, &event);
     };
-    move(*controls.button);
-    EXPECT_EQ(user.pointer(), PointerShape::custom) << "the move goes on to the surface below the button";
-    move(*controls.surface);
-    EXPECT_EQ(user.pointer(), PointerShape::standard);
-    enter(*controls.button);
-    EXPECT_EQ(user.pointer(), PointerShape::custom);
-    enter(*controls.frame2);
-    EXPECT_EQ(user.pointer(), PointerShape::standard);
-    enter(*controls.button);
-    leave(*controls.button);
-    EXPECT_EQ(user.pointer(), PointerShape::standard);
-
-    user.setPointer(PointerShape::hourglass);
-    for (QWidget* widget :
-         std::initializer_list<QWidget*>{controls.button, controls.surface, controls.frame2}) {
-        move(*widget);
-        enter(*widget);
-        leave(*widget);
+    const std::pair<std::function<void()>, PointerShape> steps[] = {
+        {[&] { move(*controls.button); }, PointerShape::custom}, // goes on to the surface below the button
+        {[&] { move(*controls.surface); }, PointerShape::standard},
+        {[&] { enter(*controls.button); }, PointerShape::custom},
+        {[&] { enter(*controls.frame2); }, PointerShape::standard},
+        {[&] { enter(*controls.button); }, PointerShape::custom},
+        {[&] { leave(*controls.button); }, PointerShape::standard},
+    };
+    for (const auto& [step, pointer] : steps) {
+        step();
+        EXPECT_EQ(user.pointer(), pointer);
     }
-    EXPECT_EQ(user.pointer(), PointerShape::hourglass);
+    user.setPointer(PointerShape::hourglass);
+    for (const auto& [step, pointer] : steps) {
+        step();
+        EXPECT_EQ(user.pointer(), PointerShape::hourglass);
+    }
 }
 
 } // namespace

@@ -63,20 +63,18 @@ protected:
 
 TEST_F(WindowUserTest, messagesCarryTheirTitleIconAndButtons) {
     user.setApplicationTitle(u"Title & more");
-    struct Case {
+    const struct {
         std::function<void(std::u16string_view)> show;
         QString title;
         QMessageBox::Icon icon;
         QMessageBox::StandardButtons buttons;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {[&](auto text) { user.showMessage(text); }, "Title & more", QMessageBox::NoIcon, QMessageBox::Ok},
         {[&](auto text) { user.showApplicationError(text); }, "Application Error", QMessageBox::Warning,
          QMessageBox::Ok},
         {[&](auto text) { user.askYesNo(text); }, "Title & more", QMessageBox::NoIcon,
-         QMessageBox::Yes | QMessageBox::No},
-    };
-    for (const Case& expected : cases) {
+         QMessageBox::Yes | QMessageBox::No}};
+    for (const auto& expected : cases) {
         withDialog([&](QDialog& dialog) {
             auto& box = dynamic_cast<QMessageBox&>(dialog);
             EXPECT_EQ(box.windowTitle(), expected.title);
@@ -91,25 +89,24 @@ TEST_F(WindowUserTest, messagesCarryTheirTitleIconAndButtons) {
 }
 
 TEST_F(WindowUserTest, onlyYesIsYesInShortAndInLongQuestions) {
-    const std::u16string shortText = u"Overwrite?";
-    const std::u16string longText(50000, u'x');
-    for (const std::u16string& text : {shortText, longText}) {
-        const auto answerWith = [&](const std::function<void(QDialog&)>& act) {
+    const auto click = [](const QString& caption) {
+        return [caption](QDialog& dialog) {
+            for (auto* button : dialog.findChildren<QPushButton*>())
+                if (button->text() == caption)
+                    button->click();
+        };
+    };
+    const std::pair<std::function<void(QDialog&)>, bool> answers[] = {
+        {click("&Yes"), true},
+        {click("&No"), false},
+        {[](QDialog& dialog) { press(dialog, Qt::Key_Escape); }, false},
+        {[](QDialog& dialog) { dialog.close(); }, false},
+    };
+    for (const std::u16string& text : {std::u16string(u"Overwrite?"), std::u16string(50'000, u'x')})
+        for (const auto& [act, isYes] : answers) {
             withDialog(act);
-            return user.askYesNo(text);
-        };
-        const auto click = [](const QString& caption) {
-            return [caption](QDialog& dialog) {
-                for (auto* button : dialog.findChildren<QPushButton*>())
-                    if (button->text() == caption)
-                        button->click();
-            };
-        };
-        EXPECT_TRUE(answerWith(click("&Yes")));
-        EXPECT_FALSE(answerWith(click("&No")));
-        EXPECT_FALSE(answerWith([](QDialog& dialog) { press(dialog, Qt::Key_Escape); }));
-        EXPECT_FALSE(answerWith([](QDialog& dialog) { dialog.close(); }));
-    }
+            EXPECT_EQ(user.askYesNo(text), isYes);
+        }
     EXPECT_EQ(dialogs, 8);
 }
 
@@ -133,12 +130,7 @@ TEST_F(WindowUserTest, hugeTextsStayOnTheScreen) {
 }
 
 TEST(ShownLines, everyLineEndIsOneLineFeed) {
-    const std::pair<std::u16string, QString> cases[] = {
-        {u"", ""},           {u"a\r\nb", "a\nb"}, {u"a\r\rb", "a\n\nb"}, {u"a\n\rb\n", "a\n\nb\n"},
-        {u"\r\r\n", "\n\n"}, {u"<&>", "<&>"},
-    };
-    for (const auto& [text, lines] : cases)
-        EXPECT_EQ(shownLines(text), lines);
+    EXPECT_EQ(shownLines(u"a\r\nb\r\rc\n\rd\n\r\r\n<&>"), "a\nb\n\nc\n\nd\n\n\n<&>");
     EXPECT_EQ(shownLines(std::u16string(70000, u'a')).size(), 65537);
 }
 
@@ -164,7 +156,6 @@ TEST(NameFilters, namePatternsTheWayQtMatchesThem) {
         {u"All Files (*.*)|*.*|", {"All Files (*)"}},
         {u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|", {"Text Files (*.txt)", "All Files (*)"}},
         {u"Two|*.a;*.b", {"Two (*.a *.b)"}},
-        {u"Caption alone|", {}},
         {u"", {}},
     };
     for (const auto& [filter, expected] : cases)
@@ -178,7 +169,6 @@ TEST(JoinedSelection, oneIsAPathAndSeveralAreFolderAndNames) {
         {{"/d/a.json"}, u"/d/a.json"},
         {{"/d/e/b.json", "/d/e/a.json"}, u"/d/e\0b.json\0a.json"s},
         {{"/a", "/b"}, u"/\0a\0b"s},
-        {{"/d/a", "/d/a"}, u"/d\0a\0a"s},
         {{"/d/e/a", "/d/ef/b"}, u"/d\0e/a\0ef/b"s},
         {{"/x/a", "/y/b", "/x/c"}, u"/\0x/a\0y/b\0x/c"s},
     };
@@ -215,10 +205,10 @@ TEST_F(WindowUserTest, fileDialogsGiveWhatWasTypedAndReopenInTheSameFolder) {
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "an existing name asked a question";
     });
     EXPECT_EQ(user.chooseFileToSave({u"Save", u"Text Files (*.txt)|*.txt|"}), folder.text("in/c.json"));
-    withDialog([](QDialog& dialog) { dialog.reject(); });
-    EXPECT_EQ(user.chooseFileToSave({u"Save", u""}), u"");
-    withDialog([](QDialog& dialog) { dialog.reject(); });
-    EXPECT_EQ(user.chooseFilesToOpen({u"Open", u""}), u"");
+    for (int press = 0; press < 2; ++press) {
+        withDialog([](QDialog& dialog) { dialog.reject(); });
+        EXPECT_EQ(press == 0 ? user.chooseFileToSave({}) : user.chooseFilesToOpen({}), u"");
+    }
 }
 
 TEST_F(WindowUserTest, folderBrowserStartsWhereAskedAndSurvivesAMissingStart) {
@@ -307,10 +297,7 @@ TEST_F(WindowUserTest, progressShowsAtOnceThenFollowsAndLeavesTheSummary) {
 }
 
 TEST_F(WindowUserTest, clipboardHoldsExactlyTheText) {
-    std::u16string table;
-    for (int i = 0; i < 100'000; ++i)
-        table += u"file.json\tname: value\r\n";
-    for (const std::u16string& text : {u"a\0b"s, u"\xD800 alone"s, u""s, table}) {
+    for (const std::u16string& text : {u"a\0b"s, u"\xD800 alone"s, u""s, std::u16string(2'000'000, u'\t')}) {
         user.setClipboardText(text);
         EXPECT_EQ(fromQString(QGuiApplication::clipboard()->text()), text);
     }
