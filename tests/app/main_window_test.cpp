@@ -1,93 +1,32 @@
 #include "app/application_title.h"
-#include "app/main_window.h"
+#include "app/main_window_fixture.h"
 #include "app/qt_text.h"
-#include "support/temporary_folder.h"
 
 #include <QApplication>
 #include <QDropEvent>
-#include <QMessageBox>
 #include <QMimeData>
-#include <QSet>
 #include <QTest>
-#include <QTimer>
 #include <QUrl>
 #include <gtest/gtest.h>
 
 namespace brindlewick {
 namespace {
 
-using testing::TemporaryFolder;
-
-class MainWindow : public ::testing::Test {
-protected:
-    MainWindow() {
-        for (const char16_t* key : {u"Option", u"Check1", u"Tags", u"Snapshot"})
-            settings.SaveSetting(key, u"");
-        settings.SaveSetting(u"Option", u"1");
-        settings.SaveSetting(u"Check1", u"0");
-    }
-    /// A window as it opens with what is stored now.
-    std::unique_ptr<Form1> open() {
-        auto window = std::make_unique<Form1>(folder.text(), [this] { ++ended; });
-        window->Form_Load();
-        window->show();
-        return window;
-    }
-    /// Presses OK (or Yes) in every message box that `action` opens, and keeps their texts.
-    std::vector<std::string> messagesOf(const std::function<void()>& action) {
-        std::vector<std::string> messages;
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, [&] {
-            auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog == nullptr)
-                return;
-            if (auto* const box = qobject_cast<QMessageBox*>(dialog))
-                messages.push_back(box->text().toStdString());
-            else
-                messages.push_back(dialog->objectName().toStdString());
-            dialog->accept();
-        });
-        timer.start(5);
-        action();
-        return messages;
-    }
-
-    TemporaryFolder folder;
-    SettingsFile settings;
-    int ended = 0;
-};
-
 TEST_F(MainWindow, HasItsControlsUnderTheirNamesAndCaptions) {
     const auto window = open();
-    const std::pair<const char*, const char*> buttons[] = {
-        {"PushButton1", "Add JSON Files"},
-        {"PushButton2", "Help"},
-        {"PushButton3", "\nAdd Tag"},
-        {"PushButton4", "Load Tags From Text File"},
-        {"PushButton5", "Add All JSON Files In Folder"},
-        {"PushButton6", "Save Results As Text File"},
-        {"PushButton7", "Start Extracting"},
-        {"PushButton8", "Delete Selected Tag"},
-        {"PushButton9", "\nClear List"},
-        {"PushButton10", "\nClear List"},
-        {"PushButton11", "Copy Results To Clipboard"},
-        {"PushButton12", "Save As Comma Delimited"},
-        {"PushButton13", "Load Sample/Example Files"},
-        {"PushButton14", "\nClear List"},
-        {"PushButton15", ""},
-        {"PushButton16", "Load JSON Files From Text File"},
-        {"Option1", "Extract value and tag"},
-        {"Option2", "Extract value without tag"},
-        {"Option3", "Extract entire line containing tag"},
-        {"Option4", "Extract all"},
-        {"Check1", "Include filename in extraction results"},
-    };
-    for (const auto& [name, caption] : buttons) {
-        const auto* const button = window->findChild<QAbstractButton*>(name);
-        ASSERT_NE(button, nullptr) << name;
-        EXPECT_EQ(button->text().toStdString(), caption);
-        EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().trimmed().isEmpty()) << name;
-    }
+    std::string captions;
+    for (const QString name : {"PushButton%1", "Option%1", "Check%1"})
+        for (int number = 1; number <= 16; ++number)
+            if (const auto* const button = window->findChild<QAbstractButton*>(name.arg(number))) {
+                captions += button->text().toStdString() + "|";
+                EXPECT_FALSE(button->accessibleName().isEmpty() && button->text().trimmed().isEmpty());
+            }
+    EXPECT_EQ(captions, "Add JSON Files|Help|\nAdd Tag|Load Tags From Text File|Add All JSON Files In Folder|"
+                        "Save Results As Text File|Start Extracting|Delete Selected Tag|\nClear List|"
+                        "\nClear List|Copy Results To Clipboard|Save As Comma Delimited|"
+                        "Load Sample/Example Files|\nClear List||Load JSON Files From Text File|"
+                        "Extract value and tag|Extract value without tag|Extract entire line containing tag|"
+                        "Extract all|Include filename in extraction results|");
     EXPECT_EQ(window->findChild<QGroupBox*>("Frame1")->title().toStdString(), "Extract Options");
     EXPECT_EQ(window->findChild<QGroupBox*>("Frame2")->title().toStdString(), "Include Option");
     EXPECT_EQ(window->findChild<QLabel*>("Label1")->text().toStdString(), "Enter tag without < or / or > :");
@@ -101,62 +40,43 @@ TEST_F(MainWindow, HasItsControlsUnderTheirNamesAndCaptions) {
               "Tag/s");
 }
 
-struct Restored {
-    const char16_t* option;
-    int mode; ///< 0 for none
-};
-
 TEST_F(MainWindow, RestoresTheModeThatIsStored) {
-    for (const auto& [option, mode] : {Restored{u"1", 1}, {u"3", 3}, {u"4x", 4}, {u"7", 0}, {u"x", 0}}) {
+    const std::pair<const char16_t*, int> cases[] = {{u"1", 1}, {u"3", 3}, {u"4x", 4}, {u"7", 0}, {u"x", 0}};
+    for (const auto& [option, mode] : cases) {
         settings.SaveSetting(u"Option", option);
         const auto window = open();
         const auto options = window->controls().options();
-        for (int at = 1; at <= 4; ++at)
-            EXPECT_EQ(options[static_cast<std::size_t>(at - 1)]->isChecked(), at == mode) << at;
-        if (mode == 0) {
-            EXPECT_EQ(settings.GetSetting(u"Option", u""), option);
-            options[2]->click();
-            EXPECT_EQ(settings.GetSetting(u"Option", u""), u"3");
-        }
+        for (std::size_t at = 0; at < 4; ++at)
+            EXPECT_EQ(options[at]->isChecked(), static_cast<int>(at) + 1 == mode) << at;
+        if (mode != 0)
+            continue;
+        EXPECT_EQ(settings.GetSetting(u"Option", u""), option);
+        options[2]->click();
+        EXPECT_EQ(settings.GetSetting(u"Option", u""), u"3");
     }
 }
 
-TEST_F(MainWindow, RestoresTheBoxTheColumnsAndTheTags) {
+TEST_F(MainWindow, RestoresTheBoxTheColumnsAndTheTagsAndSavesThemWhenItCloses) {
     settings.SaveSetting(u"Check1", u"1");
     settings.SaveSetting(u"Tags", u"a||MySeparator12||||MySeparator12||b||MySeparator12||");
-    const auto window = open();
-    EXPECT_TRUE(window->controls().Check1->isChecked());
+    auto window = open();
     EXPECT_EQ(window->results().columns().size(), 2U);
     EXPECT_EQ(window->tags().texts(), (std::vector<std::u16string>{u"a", u"b"}));
     window->controls().Check1->click();
     EXPECT_EQ(settings.GetSetting(u"Check1", u""), u"0");
     EXPECT_EQ(window->results().columns().size(), 2U); // until the next run
-}
-
-TEST_F(MainWindow, ReportsAStoredBoxThatIsNoNumberAndGoesOn) {
-    settings.SaveSetting(u"Check1", u"yes");
-    settings.SaveSetting(u"Tags", u"a||MySeparator12||");
-    std::unique_ptr<Form1> window;
-    EXPECT_EQ(messagesOf([&] { window = open(); }).size(), 1U);
-    EXPECT_EQ(window->tags().size(), 1U);
-}
-
-TEST_F(MainWindow, SavesTheTagsWhenItClosesAndEndsTheProcess) {
-    const auto window = open();
-    window->tags().append(u"x");
-    window->tags().append(u"x");
     window->close();
     EXPECT_EQ(ended, 1);
-    EXPECT_EQ(settings.GetSetting(u"Tags", u""), u"x||MySeparator12||x||MySeparator12||");
-}
+    EXPECT_EQ(settings.GetSetting(u"Tags", u""), u"a||MySeparator12||b||MySeparator12||");
 
-TEST_F(MainWindow, SavesNoTagsWhenThereAreTooManyToCount) {
-    const auto window = open();
-    for (int tag = 0; tag < 32768; ++tag)
+    settings.SaveSetting(u"Check1", u"yes"); // no number: reported, and the tags come all the same
+    EXPECT_EQ(messagesOf([&] { window = open(); }).size(), 1U);
+    EXPECT_EQ(window->tags().size(), 2U);
+    for (int tag = 0; tag < 32767; ++tag) // too many to count
         window->tags().append(u"x");
     EXPECT_EQ(messagesOf([&] { window->close(); }).size(), 1U);
     EXPECT_EQ(settings.GetSetting(u"Tags", u"unset"), u"");
-    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(ended, 2);
 }
 
 TEST_F(MainWindow, RunsFromItsButtonOnARealFile) {
@@ -248,20 +168,17 @@ TEST_F(MainWindow, VisitsEveryControlWithTheTabKeyInReadingOrder) {
     const auto window = open();
     QApplication::setActiveWindow(window.get());
     window->controls().ListView1->setFocus();
-    ASSERT_NE(QApplication::focusWidget(), nullptr);
-    std::vector<std::string> visited;
+    std::string visited;
     for (int step = 0; step < 30; ++step) {
-        visited.push_back(QApplication::focusWidget()->objectName().toStdString());
+        visited += QApplication::focusWidget()->objectName().toStdString() + ' ';
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         if (QApplication::focusWidget() == window->controls().ListView1)
             break;
     }
-    EXPECT_EQ(visited, (std::vector<std::string>{
-                           "ListView1",    "PushButton1", "PushButton5",  "PushButton16", "PushButton13",
-                           "PushButton14", "ListView3",   "PushButton3",  "PushButton4",  "PushButton8",
-                           "PushButton10", "Option1",     "PushButton15", "Check1",       "PushButton7",
-                           "PushButton2",  "ListView2",   "PushButton6",  "PushButton12", "PushButton11",
-                           "PushButton9"}));
+    EXPECT_EQ(visited,
+              "ListView1 PushButton1 PushButton5 PushButton16 PushButton13 PushButton14 ListView3 "
+              "PushButton3 PushButton4 PushButton8 PushButton10 Option1 PushButton15 Check1 PushButton7 "
+              "PushButton2 ListView2 PushButton6 PushButton12 PushButton11 PushButton9 ");
 }
 
 TEST(ApplicationTitle, LosesItsLastWordsAndKeepsASingleOne) {
