@@ -155,8 +155,7 @@ TEST(NameFilters, namePatternsTheWayQtMatchesThem) {
         {u"All Files (*.json)|*.json|", {"All Files (*.json)"}},
         {u"All Files (*.*)|*.*|", {"All Files (*)"}},
         {u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|", {"Text Files (*.txt)", "All Files (*)"}},
-        {u"Two|*.a;*.b", {"Two (*.a *.b)"}},
-        {u"", {}},
+        {u"Two|*.a;*.b|Caption alone|", {"Two (*.a *.b)"}},
     };
     for (const auto& [filter, expected] : cases)
         EXPECT_EQ(nameFilters(filter), expected);
