@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace brindlewick {
 namespace {
 
@@ -61,23 +59,6 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{u"e5", "mismatch"}, Case{u"79228162514264337593543950336", "overflow"},
                       Case{u"79228162514264337593543950335.5", "overflow"}, Case{u"1e29", "overflow"},
                       Case{u"-1e99999999999999999999", "overflow"}, Case{u"0.1e31", "overflow"}));
-
-TEST(DecimalReading, KeepsEveryNumberOfUpTo28Digits) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 2000; ++round) {
-        std::string text = random() % 2 == 0 ? "-" : "";
-        const auto whole = 1 + random() % 14;
-        text += static_cast<char>('1' + random() % 9);
-        for (unsigned digit = 1; digit < whole; ++digit)
-            text += static_cast<char>('0' + random() % 10);
-        if (const auto fraction = random() % 15; fraction > 0) {
-            text += '.';
-            for (unsigned digit = 0; digit < fraction; ++digit)
-                text += static_cast<char>('0' + random() % 10);
-        }
-        ASSERT_EQ(textOf(std::u16string(text.begin(), text.end())), text);
-    }
-}
 
 TEST(DecimalAsInteger, RoundsHalfToEvenAndChecksTheRange) {
     EXPECT_EQ(decimalAsInteger(u"2.5"), 2);

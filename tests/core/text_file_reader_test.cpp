@@ -1,6 +1,6 @@
 #include "core/text_file_reader.h"
 
-#include "platform/failure.h"
+#include "support/failure_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -57,32 +57,14 @@ TEST(TextFileReader, CutsUtf16AtTheSameCountBehindTheMark) {
     EXPECT_EQ(ReadFileToPieces(folder.write("file", bytes)), (Pieces{std::u16string(65536, u'a'), u"b"}));
 }
 
-TEST(TextFileReader, DecodesCharactersThatStraddleItsBuffer) {
-    const TemporaryFolder folder;
-    for (std::size_t shift = 0; shift < 4; ++shift) {
-        std::string bytes = "\xEF\xBB\xBF" + std::string(shift, 'x');
-        std::u16string text(shift, u'x');
-        for (int character = 0; character < 100000; ++character) {
-            bytes += "\xF0\x9F\x98\x80";
-            text += u"\U0001F600";
-        }
-        EXPECT_EQ(ReadFileToPieces(folder.write("file", bytes)), Pieces{text}) << shift;
-    }
-}
-
 TEST(TextFileReader, FailsOnWhatIsNoReadableFile) {
     const TemporaryFolder folder;
-    const auto failureOf = [](std::u16string_view path) {
-        try {
-            ReadFileToPieces(path);
-        } catch (const Failure& failure) {
-            return failure.number();
-        }
-        return FailureNumber::invalidProcedureCall;
+    const auto failureOfReading = [](std::u16string_view path) {
+        return testing::failureOf([&] { ReadFileToPieces(path); });
     };
-    EXPECT_EQ(failureOf(folder.text("missing")), FailureNumber::fileNotFound);
-    EXPECT_EQ(failureOf(folder.text("no folder/file")), FailureNumber::pathNotFound);
-    EXPECT_EQ(failureOf(folder.text()), FailureNumber::permissionDenied);
+    EXPECT_EQ(failureOfReading(folder.text("missing")), FailureNumber::fileNotFound);
+    EXPECT_EQ(failureOfReading(folder.text("no folder/file")), FailureNumber::pathNotFound);
+    EXPECT_EQ(failureOfReading(folder.text()), FailureNumber::permissionDenied);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "extract/extraction_run.h"
 
 #include "platform/text_encoding.h"
+#include "support/fake_settings.h"
 #include "support/fake_user.h"
 #include "support/temporary_folder.h"
 
@@ -12,14 +13,6 @@ namespace {
 using testing::FakeUser;
 using testing::TemporaryFolder;
 using Rows = std::vector<std::string>;
-
-class NoSettings : public SettingsStore {
-public:
-    std::u16string GetSetting(std::u16string_view, std::u16string_view text) const override {
-        return std::u16string(text);
-    }
-    void SaveSetting(std::u16string_view, std::u16string_view) override {}
-};
 
 class Run : public ::testing::Test {
 protected:
@@ -42,7 +35,7 @@ protected:
 
     TemporaryFolder folder;
     FakeUser user;
-    NoSettings settings;
+    testing::FakeSettings settings;
     ExtractionOptions options{settings};
     std::vector<std::u16string> paths;
     std::vector<std::u16string> tags;

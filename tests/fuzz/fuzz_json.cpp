@@ -111,6 +111,51 @@ void checkFragments(std::u16string_view text) {
     }
 }
 
+/// What follows keeps the text's end away, so that members are read by whole blocks.
+const std::u16string farEnd = u"\n" + std::u16string(600, u' ') + u"[\"the end\"]\n";
+
+/// Text that comes bit by bit, at every place in turn, gives the lines of the whole text.
+void checkCutOff(std::u16string_view text) {
+    FragmentLineReader whole;
+    FragmentLineReader cut;
+    std::int32_t wholePosition = 1;
+    std::int32_t cutPosition = 1;
+    for (std::size_t known = 0;;) {
+        const FragmentReading reading = cut.next(text.substr(0, known), cutPosition, known >= text.size());
+        if (reading == FragmentReading::needsText) {
+            ++known;
+            continue;
+        }
+        check(reading == whole.next(text, wholePosition), "text that comes bit by bit gives as many lines");
+        check(cutPosition == wholePosition, "text that comes bit by bit is read to the same places");
+        if (reading == FragmentReading::end)
+            return;
+        check(cut.line() == whole.line(), "text that comes bit by bit gives the same lines");
+    }
+}
+
+/// A fragment whose line may not be made ends where it would end otherwise.
+void checkTooLong(std::u16string_view text) {
+    constexpr std::size_t longestLine = 1000;
+    std::u16string document = u"{\"first\":1}[";
+    document.append(text)
+        .append(u",\"")
+        .append(text.size() * 37 % 4000, u'\u00E9')
+        .append(u"\\n\"],")
+        .append(text);
+    document.append(u",\"k\":2}").append(farEnd);
+    FragmentLineReader reader(longestLine);
+    std::int32_t position = 1;
+    std::int32_t plainPosition = 1;
+    while (const std::optional<JsonValue> fragment = JsonParser().parse(document, plainPosition)) {
+        const bool isTooLong = serialize(*fragment).size() > longestLine;
+        check(reader.next(document, position) ==
+                  (isTooLong ? FragmentReading::tooLong : FragmentReading::line),
+              "a line is refused for its length alone");
+        check(position == plainPosition, "a refused line ends where it would");
+    }
+}
+
 /// A document of plain JSON, as its input chooses. Within an array an object has one member at the most: a
 /// second one is read as what follows the array, and the line of that is no JSON any more.
 std::u16string plainDocument(Choices& choices) {
@@ -203,6 +248,11 @@ void runOn(std::string_view input) {
     std::u16string singleByte;
     appendFromSingleByte(input, singleByte);
     checkFragments(singleByte);
+    checkFragments(singleByte + farEnd);
+    if (singleByte.size() < 300) { // the whole is read again for every unit
+        checkTooLong(singleByte);
+        checkCutOff(singleByte + farEnd);
+    }
     checkStringThereAndBack(singleByte);
 
     std::u16string wide; // every code unit, lone surrogates too
