@@ -163,10 +163,10 @@ TEST(CursorPictures, brokenFilesAreInvalidPictures) {
         {"larger than pointers are", cursorFile(png(300), 0, 0, 0)},
         {"no picture", cursorFile(std::string(100, 'x'), 32, 0, 0)},
     };
-    for (const auto& [what, bytes] : cases)
-        EXPECT_EQ(failureOf([&] { cursorPictureFromBytes(QByteArray::fromStdString(bytes)); }),
+    for (const auto& one : cases)
+        EXPECT_EQ(failureOf([&] { cursorPictureFromBytes(QByteArray::fromStdString(one.second)); }),
                   FailureNumber::invalidPicture)
-            << what;
+            << one.first;
 }
 
 TEST(HandPointer, isOptional) {

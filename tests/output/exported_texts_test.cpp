@@ -82,7 +82,7 @@ TEST(ExportedTexts, EqualThePlainModel) {
     for (std::size_t round = 0; round < 200; ++round) {
         const std::size_t columns = round % 4;
         const std::size_t rows = round == 199 ? 20'000 : round % 7;
-        const PlainTable table = generatedTable({headers.begin(), headers.begin() + columns}, rows, round);
+        const PlainTable table = generatedTable({headers.data(), headers.data() + columns}, rows, round);
         const auto ticked =
             std::count_if(table.rows.begin(), table.rows.end(), std::mem_fn(&PlainRow::isTicked));
         FakeUser user;

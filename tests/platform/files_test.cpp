@@ -115,9 +115,9 @@ TEST_F(Files, ThatCannotBeOpenedFailAtOnce) {
         {std::u16string(u"file\0", 5), FailureNumber::fileNotFound},
         {std::u16string(5000, u'a'), FailureNumber::fileNotFound},
     };
-    for (const auto& [name, number] : cases) {
-        EXPECT_EQ(failureOf([&] { InputFile file(text(name)); }), number);
-        EXPECT_EQ(failureOf([&] { OutputFile file(text(name)); }), number);
+    for (const auto& one : cases) {
+        EXPECT_EQ(failureOf([&] { InputFile file(text(one.first)); }), one.second);
+        EXPECT_EQ(failureOf([&] { OutputFile file(text(one.first)); }), one.second);
     }
     EXPECT_EQ(failureOf([&] { InputFile file(text(u"missing")); }), FailureNumber::fileNotFound);
     const auto failure = failureOf([&] { OutputFile file(text(u"fixed")); }); // nothing is refused to root

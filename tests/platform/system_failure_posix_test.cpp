@@ -23,9 +23,10 @@ TEST(SystemFailure, FollowsTheErrorAndTheParentFolder) {
         {FailureNumber::deviceIoError, {{EIO, ""}}},
     };
     for (const auto& [number, errors] : cases)
-        for (const auto& [error, path] : errors)
-            EXPECT_EQ(testing::failureOf([&] { throwSystemFailure(error, folder.path() / path); }), number)
-                << error;
+        for (const auto& one : errors)
+            EXPECT_EQ(testing::failureOf([&] { throwSystemFailure(one.first, folder.path() / one.second); }),
+                      number)
+                << one.first;
 }
 
 } // namespace
