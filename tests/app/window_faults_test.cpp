@@ -90,7 +90,8 @@ TEST_F(WindowFaults, ClosesInTheMiddleOfEveryLongOperation) {
     std::string records = "\xEF\xBB\xBF";
     for (int record = 0; record < 100000; ++record)
         records += "{\"name\":" + std::to_string(record) + "},\n";
-    for (const auto& [name, start] : operations) {
+    for (const auto& operation : operations) {
+        const char* const name = operation.name;
         settings.SaveSetting(u"Tags", u"");
         const auto window = open();
         window->tags().append(u"name");
@@ -110,7 +111,7 @@ TEST_F(WindowFaults, ClosesInTheMiddleOfEveryLongOperation) {
                 QMetaObject::invokeMethod(window.get(), closeNow, Qt::QueuedConnection);
         });
         QTest::qWait(120); // longer than events ever have to wait, so that the first look handles them
-        messagesOf([&, &start = start] { start(*window); });
+        messagesOf([&] { operation.start(*window); });
         EXPECT_TRUE(isUnderWay) << name;
         EXPECT_EQ(ended, 1) << name;
         EXPECT_EQ(window->tags().size(), 1U) << name;
