@@ -24,8 +24,8 @@ namespace brindlewick {
 
 namespace {
 
-constexpr int longestWait = 500; // ms, for another window that saves, or one that reads
-constexpr int waitBetween = 10;  // ms
+constexpr int longestWait = 2000; // ms, for another window that saves, or one that reads
+constexpr int waitBetween = 5;    // ms
 
 QString settingsFolder() {
     return configFolder() + QStringLiteral("/Tessaly");
@@ -124,7 +124,12 @@ void SettingsFile::SaveSetting(std::u16string_view key, std::u16string_view valu
     std::error_code ignored;
     std::filesystem::create_directories(QFileInfo(settingsFolder()).filesystemFilePath(), ignored);
     QLockFile lock(settingsPath() + QStringLiteral(".lock"));
-    lock.tryLock(longestWait);
+    // Asked often: the lock's own waiting grows, and may never meet the moment in which a busy other lets go.
+    QElapsedTimer sinceFirst;
+    sinceFirst.start();
+    while (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError &&
+           sinceFirst.elapsed() < longestWait)
+        QThread::msleep(waitBetween);
     const QByteArray bytes = readSettings().value_or(QByteArray());
     const std::string_view file(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     writeSettings(textWithSetting(file, key, value));
