@@ -34,7 +34,7 @@ const std::string& input(const benchmark::State& state) {
 }
 
 void tellBytes(benchmark::State& state) {
-    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * input(state).size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(input(state).size()));
     state.SetLabel(bench::shapeNames[static_cast<std::size_t>(state.range(0))].first);
 }
 
@@ -89,7 +89,7 @@ void cutAndSerialisePlainly(benchmark::State& state) {
 }
 
 void tellUnits(benchmark::State& state, std::size_t units) {
-    state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * units));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(units));
     state.SetLabel(bench::shapeNames[static_cast<std::size_t>(state.range(0))].first);
 }
 

@@ -12,8 +12,8 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils app
 session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
 # What trying the package on a bare machine takes besides.
 package_check_packages=(lintian debootstrap)
-# What counting the engine's instructions takes: a measure without noise, for continuous integration.
-gate_packages=(valgrind python3)
+# What continuous integration takes besides: another compiler, and to count the engine's instructions.
+gate_packages=(clang valgrind python3)
 
 # install_missing PACKAGE...
 install_missing() {

@@ -93,7 +93,7 @@ TEST(TagMatcher, MissesNoLineOfABatch) {
     std::mt19937 random(13);
     for (int round = 0; round < 300; ++round) {
         const unsigned alphabet = 1 + random() % 4;
-        for (const std::size_t count : {1, 1, 7})
+        for (const std::size_t count : {1U, 1U, 7U})
             expectEveryMatchAmongTheCandidates(randomTags(random, count, 20, alphabet),
                                                randomTags(random, random() % 60, 50, alphabet + 1));
     }
