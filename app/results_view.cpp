@@ -33,11 +33,13 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
         RowsView::keyPressEvent(event);
 }
 
-/// All selected rows get what the current row has not.
+/// All selected rows get what the current row has not. Tab leads to a current row that is not selected yet.
 void ResultsView::toggleSelected() {
     const QModelIndex current = currentIndex();
     if (!current.isValid())
         return;
+    if (!selectionModel()->isSelected(current))
+        selectRow(current.row());
     const bool checked = current.siblingAtColumn(0).data(Qt::CheckStateRole).toInt() != Qt::Checked;
     for (const auto& [first, last] : selectedRanges())
         results_.setChecked(first, last, checked);

@@ -83,6 +83,9 @@ TEST(ResultsView, TicksAllSelectedRowsWithSpaceAndGoesToTheEnds) {
     EXPECT_EQ(view.selectedRow(), 99U);
     QTest::keyClick(&view, Qt::Key_Home);
     EXPECT_EQ(view.selectedRow(), 0U);
+    view.clearSelection(); // as Tab leaves it
+    QTest::keyClick(&view, Qt::Key_Space);
+    EXPECT_FALSE(table.isChecked(0));
 }
 
 } // namespace
