@@ -35,7 +35,8 @@ QSize CaptionButton::sizeHint() const {
 
 void CaptionButton::initStyleOption(QStyleOptionButton* option) const {
     QPushButton::initStyleOption(option);
-    option->text = option->text.isEmpty() ? sign_ : option->text.trimmed();
+    if (option->text.isEmpty())
+        option->text = sign_;
 }
 
 } // namespace brindlewick

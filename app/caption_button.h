@@ -5,8 +5,8 @@
 
 namespace brindlewick {
 
-/// Several captions begin with a line end, from when a picture stood above them. The caption keeps it; what
-/// is drawn and measured leaves it out, so that all buttons are of one height.
+/// Several captions begin with a line end, from when a picture stood above them: they stand on the second
+/// line.
 class CaptionButton : public QPushButton {
 public:
     using QPushButton::QPushButton;

@@ -158,8 +158,10 @@ void Controls::layOut(QWidget& window) {
     belowGrid->addLayout(startRow);
     belowGrid->addWidget(ListView2, 1);
     auto* const saveRow = new QHBoxLayout;
-    for (QPushButton* button : {PushButton6, PushButton12, PushButton11})
+    for (QPushButton* button : {PushButton6, PushButton12, PushButton11}) {
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // as high as the row
         saveRow->addWidget(button);
+    }
     saveRow->addStretch(1);
     saveRow->addWidget(PushButton9);
     belowGrid->addLayout(saveRow);

@@ -14,13 +14,11 @@ namespace brindlewick {
 
 namespace {
 
-QString captionWithPatterns(QString caption, QString patterns) {
+QString captionWithPatterns(const QString& caption, QString patterns) {
     patterns.replace(u';', u' ');
     QStringList parts = patterns.split(u' ', Qt::SkipEmptyParts);
     parts.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
-    if (caption.endsWith(u')') && caption.lastIndexOf(u'(') >= 0)
-        caption.truncate(caption.lastIndexOf(u'('));
-    return caption.trimmed() + QStringLiteral(" (") + parts.join(u' ') + u')';
+    return caption + QStringLiteral(" (") + parts.join(u' ') + u')';
 }
 
 /// The length of the part of `paths` up to and with the last separator that all of them share.
@@ -35,6 +33,8 @@ qsizetype sharedFolderLength(const QStringList& paths) {
 
 bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
     dialog.setWindowTitle(toQString(wanted.title));
+    // The captions name patterns themselves, in their own way; Qt's, which follow, are not for the eye.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(wanted.filter));
     if (!folder.isEmpty())
         dialog.setDirectory(folder);

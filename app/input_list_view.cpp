@@ -60,10 +60,8 @@ void InputListView::dropEvent(QDropEvent* event) {
 
 void InputListView::mousePressEvent(QMouseEvent* event) {
     RowsView::mousePressEvent(event);
-    if (event->button() != Qt::LeftButton)
-        return;
-    drag_.ListView1_MouseDown();
-    if (dragPointer_ && indexAt(event->position().toPoint()).isValid())
+    drag_.ListView1_MouseDown(); // any button drags
+    if (event->button() == Qt::LeftButton && dragPointer_ && indexAt(event->position().toPoint()).isValid())
         viewport()->setCursor(*dragPointer_);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/error_report.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <utility>
@@ -15,7 +16,8 @@ namespace {
 // Milliseconds: rows added outside of a run show up this soon.
 constexpr int catchUpInterval = 30;
 constexpr int deleteKeyCode = 46;
-constexpr QSize firstSize{1000, 720}; // pixels, at the first start
+constexpr QSize firstSize{1000, 720};  // pixels, where the screen has them
+constexpr QSize roomForAFrame{16, 48}; // pixels, for the title and the borders
 
 /// Calls `pressed` when a key is pressed while the widget has the focus.
 class KeyWatcher : public QObject {
@@ -47,7 +49,7 @@ Form1::Form1(std::u16string programFolder, std::function<void()> endProcess)
     setCentralWidget(surface);
     controls_.ListView1->setModel(&inputModel_);
     controls_.ListView3->setModel(&tagModel_);
-    resize(firstSize);
+    resize(firstSize.boundedTo(screen()->availableSize() - roomForAFrame));
 
     connectButtons();
     connectOptions();
@@ -81,8 +83,10 @@ void Form1::connectButtons() {
     onClick(c.PushButton12, [this] { outputHandlers_.PushButton12_Click(); });
     onClick(c.PushButton11, [this] { outputHandlers_.PushButton11_Click(); });
     onClick(c.PushButton9, [this] { outputHandlers_.PushButton9_Click(); });
-    onClick(c.PushButton15, [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); });
-    onClick(c.PushButton2, [this] { optionHandlers_.PushButton2_Click(); });
+    onClick(
+        c.PushButton15, [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); }, true);
+    onClick(
+        c.PushButton2, [this] { optionHandlers_.PushButton2_Click(); }, true);
 }
 
 void Form1::connectOptions() {
@@ -138,9 +142,9 @@ void Form1::addShortcuts() {
             [this] { close(); });
 }
 
-void Form1::onClick(QPushButton* button, std::function<void()> handler) {
-    connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler)] {
-        if (isBusy(user_))
+void Form1::onClick(QPushButton* button, std::function<void()> handler, bool onlyTells) {
+    connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler), onlyTells] {
+        if (isBusy(user_) && !onlyTells)
             return;
         // The handlers report their own failures; nothing that slips through may reach the event loop.
         const Guard guard(user_, u"in Corvane2021/08/31.Form1.Click ");

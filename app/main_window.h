@@ -52,8 +52,8 @@ private:
     void connectOptions();
     void connectLists();
     void addShortcuts();
-    /// Calls the handler when the button is pressed, unless an operation is under way.
-    void onClick(QPushButton* button, std::function<void()> handler);
+    /// Calls the handler when the button is pressed; while an operation is under way, only if it `onlyTells`.
+    void onClick(QPushButton* button, std::function<void()> handler, bool onlyTells = false);
     void onShortcut(const QKeySequence& keys, QPushButton* button);
     void copySelectedRows();
     void restoreTaken();

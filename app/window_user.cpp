@@ -29,6 +29,7 @@ constexpr qint64 longestPause = 100'000'000; // ns: beyond this a window feels s
 constexpr int longestDispatch = 5;           // ms
 constexpr qint64 progressInterval = 50;      // ms
 constexpr int progressSteps = 1000;
+constexpr int charactersToType = 60;            // that a typed answer has room for, on average
 constexpr std::size_t longestStatusText = 1000; // units: far more than any screen shows
 
 /// Keeps the whole text and paints what fits, the middle left out: both ends of a path tell most.
@@ -107,6 +108,7 @@ std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_vi
     if (QLabel* label = dialog.findChild<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     dialog.setTextValue(toQString(proposedAnswer));
+    dialog.setMinimumWidth(charactersToType * dialog.fontMetrics().averageCharWidth());
     return dialog.exec() == QDialog::Accepted ? fromQString(dialog.textValue()) : std::u16string();
 }
 

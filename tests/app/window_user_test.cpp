@@ -152,9 +152,10 @@ TEST_F(WindowUserTest, inputBoxTakesThePromptAsPlainTextAndGivesTheAnswer) {
 
 TEST(NameFilters, namePatternsTheWayQtMatchesThem) {
     const std::pair<std::u16string, QStringList> cases[] = {
-        {u"All Files (*.json)|*.json|", {"All Files (*.json)"}},
-        {u"All Files (*.*)|*.*|", {"All Files (*)"}},
-        {u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|", {"Text Files (*.txt)", "All Files (*)"}},
+        {u"All Files (*.json)|*.json|", {"All Files (*.json) (*.json)"}},
+        {u"All Files (*.*)|*.*|", {"All Files (*.*) (*)"}},
+        {u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|",
+         {"Text Files (*.txt) (*.txt)", "All Files (*.*) (*)"}},
         {u"Two|*.a;*.b|Caption alone|", {"Two (*.a *.b)"}},
     };
     for (const auto& [filter, expected] : cases)
