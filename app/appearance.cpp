@@ -28,8 +28,8 @@ namespace {
 
 constexpr std::size_t longestSkin = std::size_t{4} << 20;    // bytes
 constexpr std::size_t longestPointer = std::size_t{1} << 20; // bytes
-constexpr int largestMinimum =
-    4096; // pixels: no skin makes the window ask for more, and for the memory of it
+// Pixels: no skin makes the window ask for more, and for the memory of it.
+constexpr int largestMinimum = 4096;
 
 template <class... Names>
 std::u16string beside(std::u16string_view programFolder, Names... names) {

@@ -2,7 +2,6 @@
 // file.
 #include "platform/files.h"
 
-#include "platform/aside.h"
 #include "platform/folder_order.h"
 #include "platform/native_path.h"
 #include "platform/system_failure_posix.h"
@@ -126,19 +125,6 @@ std::uint64_t fileLength(std::u16string_view path) {
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-bool FileExists(std::u16string_view path) noexcept {
-    return fileStatus(path).exists;
-}
-
-bool FileExistsByOpen(std::u16string_view path) noexcept {
-    const FileStatus status = fileStatus(path);
-    return status.exists && (status.attributes & attribute::folder) == 0;
-}
-
-bool IsFolder(std::u16string_view path) noexcept {
-    return (fileStatus(path).attributes & attribute::folder) != 0;
-}
-
 unsigned fileAttributes(std::u16string_view path) {
     const std::string native = checkedPath(path);
     struct stat status {};
@@ -254,14 +240,6 @@ std::size_t InputFile::read(std::span<char> bytes) {
             break;
         count += static_cast<std::size_t>(got);
     }
-    return count;
-}
-
-std::size_t InputFile::read(std::span<char> bytes, const std::function<void()>& meanwhile) {
-    if (!isFar_ || !meanwhile)
-        return read(bytes);
-    std::size_t count = 0;
-    runAside([&] { count = read(bytes); }, meanwhile);
     return count;
 }
 

@@ -1,7 +1,6 @@
 // Files and folders through the wide Windows calls, by paths of any length.
 #include "platform/files.h"
 
-#include "platform/aside.h"
 #include "platform/folder_order.h"
 #include "platform/native_path.h"
 #include "platform/system_failure_windows.h"
@@ -115,19 +114,6 @@ std::uint64_t fileLength(std::u16string_view path) {
     return std::uint64_t{status.nFileSizeHigh} << 32 | status.nFileSizeLow;
 }
 
-bool FileExists(std::u16string_view path) noexcept {
-    return fileStatus(path).exists;
-}
-
-bool FileExistsByOpen(std::u16string_view path) noexcept {
-    const FileStatus status = fileStatus(path);
-    return status.exists && (status.attributes & attribute::folder) == 0;
-}
-
-bool IsFolder(std::u16string_view path) noexcept {
-    return (fileStatus(path).attributes & attribute::folder) != 0;
-}
-
 unsigned fileAttributes(std::u16string_view path) {
     const std::wstring native = checkedPath(path);
     WIN32_FILE_ATTRIBUTE_DATA status{};
@@ -231,14 +217,6 @@ std::size_t InputFile::read(std::span<char> bytes) {
             break;
         count += got;
     }
-    return count;
-}
-
-std::size_t InputFile::read(std::span<char> bytes, const std::function<void()>& meanwhile) {
-    if (!isFar_ || !meanwhile)
-        return read(bytes);
-    std::size_t count = 0;
-    runAside([&] { count = read(bytes); }, meanwhile);
     return count;
 }
 
