@@ -31,13 +31,6 @@ constexpr std::size_t longestPointer = std::size_t{1} << 20; // bytes
 // Pixels: no skin makes the window ask for more, and for the memory of it.
 constexpr int largestMinimum = 4096;
 
-template <class... Names>
-std::u16string beside(std::u16string_view programFolder, Names... names) {
-    std::u16string path(programFolder);
-    ((path += pathSeparator, path += names), ...);
-    return path;
-}
-
 void takeButtonFace(QWidget& widget) {
     QPalette palette = widget.palette();
     palette.setColor(QPalette::Window, palette.color(QPalette::Button));
@@ -116,7 +109,7 @@ QByteArray skinBytes(std::u16string_view path) {
 } // namespace
 
 void ApplySkin(QWidget& window, std::u16string_view programFolder) {
-    const std::u16string path = beside(programFolder, u"x", u"o.cjs");
+    const std::u16string path = joinedPath(joinedPath(programFolder, u"x"), u"o.cjs");
     if (!FileExistsByOpen(path))
         return;
     for (QWidget* widget : window.findChildren<QWidget*>())
@@ -125,7 +118,7 @@ void ApplySkin(QWidget& window, std::u16string_view programFolder) {
             takeButtonFace(*widget);
 
     const std::optional<QString> text = skinText(skinBytes(path));
-    QDir::setSearchPaths(QStringLiteral("skin"), {toQString(beside(programFolder, u"x"))});
+    QDir::setSearchPaths(QStringLiteral("skin"), {toQString(joinedPath(programFolder, u"x"))});
     if (!text || !isStyleSheet(*text))
         throw Failure(FailureNumber::invalidProcedureCall);
     const QString before = window.styleSheet();
@@ -139,7 +132,7 @@ void ApplySkin(QWidget& window, std::u16string_view programFolder) {
 }
 
 std::optional<QCursor> loadHandPointer(std::u16string_view programFolder) {
-    const std::u16string path = beside(programFolder, u"HAND-M.CUR");
+    const std::u16string path = joinedPath(programFolder, u"HAND-M.CUR");
     if (!FileExistsByOpen(path))
         return std::nullopt;
     const QByteArray bytes = readSmallFile(path, longestPointer);

@@ -1,6 +1,7 @@
 #include "app/display_text.h"
 
 #include "app/qt_text.h"
+#include "platform/text.h"
 
 namespace brindlewick {
 
@@ -16,8 +17,7 @@ QString displayText(std::u16string_view text) {
         if (unit < 32 || unit == 127)
             unit = u' ';
     if (shown.size() < text.size()) {
-        const bool isCutInPair = shown.back() >= 0xD800 && shown.back() <= 0xDBFF;
-        if (isCutInPair)
+        if (isHighSurrogate(shown.back())) // the pair was cut
             shown.pop_back();
         shown += u"\u2026";
     }

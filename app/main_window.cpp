@@ -15,7 +15,6 @@ namespace {
 
 // Milliseconds: rows added outside of a run show up this soon.
 constexpr int catchUpInterval = 30;
-constexpr int deleteKeyCode = 46;
 constexpr QSize firstSize{1000, 720};  // pixels, where the screen has them
 constexpr QSize roomForAFrame{16, 48}; // pixels, for the title and the borders
 
@@ -147,7 +146,7 @@ void Form1::onClick(QPushButton* button, std::function<void()> handler, bool onl
         if (isBusy(user_) && !onlyTells)
             return;
         // The handlers report their own failures; nothing that slips through may reach the event loop.
-        const Guard guard(user_, u"in Corvane2021/08/31.Form1.Click ");
+        const Guard guard(user_, u"Form1.Click");
         guard(handler);
         catchUp();
     });
@@ -162,7 +161,7 @@ void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
 void Form1::restoreTaken() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Form_KeyDown ");
+    const Guard guard(user_, u"Form1.Form_KeyDown");
     guard([&] {
         const bool tagsFirst = controls_.ListView3->hasFocus();
         TextList& first = tagsFirst ? tags_ : inputFiles_;
@@ -174,7 +173,7 @@ void Form1::restoreTaken() {
 
 /// The selected rows as lines of cells with tabs between them.
 void Form1::copySelectedRows() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView2_KeyDown ");
+    const Guard guard(user_, u"Form1.ListView2_KeyDown");
     guard([&] {
         std::u16string text;
         for (const auto& [first, last] : controls_.ListView2->selectedRanges()) {

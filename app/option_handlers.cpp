@@ -5,37 +5,37 @@
 namespace brindlewick {
 
 void OptionHandlers::Option1_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Option1_Click ");
+    const Guard guard(user_, u"Form1.Option1_Click");
     guard([&] { options_.chooseMode(ExtractionMode::valueAndTag); });
 }
 
 void OptionHandlers::Option2_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Option2_Click ");
+    const Guard guard(user_, u"Form1.Option2_Click");
     guard([&] { options_.chooseMode(ExtractionMode::valueWithoutTag); });
 }
 
 void OptionHandlers::Option3_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Option3_Click ");
+    const Guard guard(user_, u"Form1.Option3_Click");
     guard([&] { options_.chooseMode(ExtractionMode::entireLine); });
 }
 
 void OptionHandlers::Option4_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Option4_Click ");
+    const Guard guard(user_, u"Form1.Option4_Click");
     guard([&] { options_.chooseMode(ExtractionMode::all); });
 }
 
 void OptionHandlers::Check1_Click(bool ticked) {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Check1_Click ");
+    const Guard guard(user_, u"Form1.Check1_Click");
     guard([&] { options_.setIncludeFilename(ticked); });
 }
 
 void OptionHandlers::PushButton15_Click(const std::array<std::u16string, 4>& captions) {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton15_Click ");
+    const Guard guard(user_, u"Form1.PushButton15_Click");
     guard([&] { user_.showMessage(explainModes(captions)); });
 }
 
 void OptionHandlers::PushButton2_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton2_Click ");
+    const Guard guard(user_, u"Form1.PushButton2_Click");
     guard([&] {
         user_.showMessage(u"If you need some extraction features added to this software, please email " +
                           std::u16string(supportAddress));

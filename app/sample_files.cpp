@@ -6,6 +6,7 @@
 #include "platform/error_report.h"
 #include "platform/files.h"
 #include "platform/native_path.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,7 +17,6 @@ namespace brindlewick {
 namespace {
 
 constexpr std::u16string_view scramblingKey = u"brambles";
-constexpr std::u16string_view digits = u"0123456789abcdef";
 constexpr std::size_t digitsPerUnit = 4;
 constexpr char16_t recordSeparator = u'|';
 
@@ -28,7 +28,7 @@ char16_t keyAt(std::size_t place) {
 }
 
 std::u16string samplesFolder(std::u16string_view programFolder) {
-    return std::u16string(programFolder) + pathSeparator + u"Samples";
+    return joinedPath(programFolder, u"Samples");
 }
 
 } // namespace
@@ -37,22 +37,21 @@ std::u16string scrambled(std::u16string_view text) {
     std::u16string record;
     record.reserve(text.size() * digitsPerUnit);
     for (std::size_t place = 0; place < text.size(); ++place) {
-        const unsigned unit = text[place] ^ keyAt(place);
-        for (const unsigned shift : {12u, 8u, 4u, 0u})
-            record += digits[unit >> shift & 0xF];
+        const auto unit = static_cast<char16_t>(text[place] ^ keyAt(place));
+        for (const char16_t digit : hexadecimalDigits(unit, lowerCaseHexadecimal))
+            record += digit;
     }
     return record;
 }
 
 std::u16string unscrambled(std::u16string_view text) {
-    if (text.size() % digitsPerUnit != 0 || text.find_first_not_of(digits) != std::u16string_view::npos)
+    if (text.size() % digitsPerUnit != 0 || text.find_first_not_of(lowerCaseHexadecimal) != text.npos)
         return {};
     std::u16string record;
     record.reserve(text.size() / digitsPerUnit);
     for (std::size_t place = 0; place < text.size() / digitsPerUnit; ++place) {
-        std::size_t unit = 0;
-        for (const char16_t digit : text.substr(place * digitsPerUnit, digitsPerUnit))
-            unit = unit << 4 | digits.find(digit);
+        const char16_t unit =
+            unitFromHexadecimal(text.substr(place * digitsPerUnit, digitsPerUnit)).value_or(0);
         record += static_cast<char16_t>(unit ^ keyAt(place));
     }
     return record;
@@ -67,7 +66,7 @@ void SampleFiles::RecordSampleFiles() {
     const std::u16string folder = samplesFolder(programFolder_);
     std::u16string record;
     for (const std::u16string& name : GetFilesInFolder(folder, u"*.*"))
-        record.append(folder).append(1, pathSeparator).append(name).append(1, recordSeparator);
+        record.append(joinedPath(folder, name)).append(1, recordSeparator);
     if (!record.empty())
         record.pop_back();
     settings_.SaveSetting(u"Snapshot", scrambled(record));
@@ -85,13 +84,13 @@ void SampleFiles::LoadSampleFiles(TextList& list) {
     if (user_.askYesNo(
             u"Would you like this software to open the folder where these sample files are stored (so "
             u"that you can view them before working with them)?"))
-        user_.openFolder(samplesFolder(programFolder_) + pathSeparator);
+        user_.openFolder(withSeparator(samplesFolder(programFolder_)));
 }
 
 void SampleFiles::PushButton13_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton13_Click ");
+    const Guard guard(user_, u"Form1.PushButton13_Click");
     guard([&] { selectMode2_(); });
     guard([&] { tags_.append(u"name"); });
     guard([&] { LoadSampleFiles(inputFiles_); });

@@ -2,6 +2,7 @@
 // The format is told in settings_file.h.
 #include "app/settings_text.h"
 
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 
 #include <algorithm>
@@ -56,11 +57,9 @@ Place placeOf(std::string_view file, std::string_view key) {
 }
 
 bool isLoneSurrogate(std::u16string_view text, std::size_t i) {
-    const auto isHigh = [](char16_t unit) { return (unit & 0xFC00) == 0xD800; };
-    const auto isLow = [](char16_t unit) { return (unit & 0xFC00) == 0xDC00; };
-    if (isHigh(text[i]))
-        return i + 1 == text.size() || !isLow(text[i + 1]);
-    return isLow(text[i]) && (i == 0 || !isHigh(text[i - 1]));
+    if (isHighSurrogate(text[i]))
+        return i + 1 == text.size() || !isLowSurrogate(text[i + 1]);
+    return isLowSurrogate(text[i]) && (i == 0 || !isHighSurrogate(text[i - 1]));
 }
 
 bool needsEscape(std::u16string_view text, std::size_t i) {
@@ -79,7 +78,6 @@ bool standsPlain(std::u16string_view value) {
 }
 
 void appendEscaped(char16_t unit, std::u16string& text) {
-    constexpr std::u16string_view digits = u"0123456789ABCDEF";
     text += u'\\';
     switch (unit) {
     case u'\n':
@@ -97,8 +95,8 @@ void appendEscaped(char16_t unit, std::u16string& text) {
         return;
     default:
         text += u'u';
-        for (int shift = 12; shift >= 0; shift -= 4)
-            text += digits[(static_cast<unsigned>(unit) >> shift) & 0xF];
+        for (const char16_t digit : hexadecimalDigits(unit))
+            text += digit;
     }
 }
 
@@ -113,20 +111,6 @@ std::string valueAsBytes(std::u16string_view value) {
             quoted += value[i];
     }
     return toUtf8(quoted + u'"');
-}
-
-/// The unit for four hexadecimal digits, none when they are not.
-std::optional<char16_t> unitFromDigits(std::u16string_view digits) {
-    unsigned value = 0;
-    for (const char16_t digit : digits) {
-        if (digit >= u'0' && digit <= u'9')
-            value = value * 16 + static_cast<unsigned>(digit - u'0');
-        else if ((digit | 0x20) >= u'a' && (digit | 0x20) <= u'f')
-            value = value * 16 + static_cast<unsigned>((digit | 0x20) - u'a') + 10;
-        else
-            return std::nullopt;
-    }
-    return digits.size() == 4 ? std::optional(static_cast<char16_t>(value)) : std::nullopt;
 }
 
 /// What stands between the quotes; none when the text is not one whole pair of quotes with known escapes.
@@ -160,7 +144,7 @@ std::optional<std::u16string> unquoted(std::u16string_view text) {
             value += text[i];
             break;
         case u'u': {
-            const std::optional<char16_t> unit = unitFromDigits(text.substr(i + 1, 4));
+            const std::optional<char16_t> unit = unitFromHexadecimal(text.substr(i + 1, 4));
             if (!unit)
                 return std::nullopt;
             value += *unit;

@@ -75,9 +75,9 @@ Splash::Splash(UserInterface& user, SettingsStore& settings, std::u16string prog
 void Splash::SplashShow() {
     if (flagFromSetting(settings_.GetSetting(u"ShowAgain", u"0")) != 0)
         return;
-    const std::u16string folder = programFolder_ + pathSeparator + u"Splash";
+    const std::u16string folder = joinedPath(programFolder_, u"Splash");
     const std::u16string name = firstFileName(folder);
-    const std::u16string path = folder + pathSeparator + name;
+    const std::u16string path = joinedPath(folder, name);
     if (name.empty() || !FileExists(path))
         return;
     setWindowTitle(QStringLiteral("Brindlewick"));
@@ -106,7 +106,7 @@ void Splash::placeControls(const QImage& picture) {
 }
 
 void Splash::Check1_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Splash.Check1_Click ");
+    const Guard guard(user_, u"Splash.Check1_Click");
     guard([&] { settings_.SaveSetting(u"ShowAgain", Check1_->isChecked() ? u"1" : u"0"); });
 }
 

@@ -13,7 +13,7 @@
 namespace brindlewick {
 
 void Form1::Form_Load() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Form_Load ");
+    const Guard guard(user_, u"Form1.Form_Load");
     guard([&] { ApplySkin(*this, programFolder_); });
     guard([&] {
         if (const std::optional<QCursor> hand = loadHandPointer(programFolder_))
@@ -34,7 +34,7 @@ void Form1::Form_Load() {
     guard([&] {
         inputModel_.setCaption(QStringLiteral("JSON File(s)"));
         controls_.ListView1->setColumnWidthInTwips(0, 7000);
-        const std::u16string dragPicture = programFolder_ + pathSeparator + u"drag.ico";
+        const std::u16string dragPicture = joinedPath(programFolder_, u"drag.ico");
         if (const QPixmap picture(toQString(dragPicture)); !picture.isNull())
             controls_.ListView1->setDragPointer(QCursor(picture));
     });
@@ -64,7 +64,7 @@ void Form1::restoreMode() {
 }
 
 void Form1::Form_QueryUnload() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.Form_QueryUnload ");
+    const Guard guard(user_, u"Form1.Form_QueryUnload");
     std::u16string stored; // stays empty when there are too many tags
     guard([&] { stored = tagsToSetting(tags_); });
     guard([&] { settings_.SaveSetting(u"Tags", stored); });

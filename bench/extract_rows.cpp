@@ -9,6 +9,7 @@
 #include "platform/error_report.h"
 #include "platform/failure.h"
 #include "platform/native_path.h"
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 #include "platform/user_interface.h"
 
@@ -100,7 +101,6 @@ std::optional<Arguments> readArguments(std::span<char*> words) {
 
 /// A JSON string in ASCII, one escape for every other code unit.
 void appendJsonString(std::u16string_view text, std::string& line) {
-    static constexpr std::string_view hexadecimal = "0123456789abcdef";
     line.push_back('"');
     for (const char16_t unit : text) {
         if (unit == u'"' || unit == u'\\') {
@@ -110,8 +110,8 @@ void appendJsonString(std::u16string_view text, std::string& line) {
             line.push_back(static_cast<char>(unit));
         } else {
             line.append("\\u");
-            for (int shift = 12; shift >= 0; shift -= 4)
-                line.push_back(hexadecimal[(unit >> shift) & 15]);
+            for (const char16_t digit : hexadecimalDigits(unit, lowerCaseHexadecimal))
+                line.push_back(static_cast<char>(digit));
         }
     }
     line.push_back('"');

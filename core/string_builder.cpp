@@ -3,6 +3,7 @@
 #include "core/decimal_number.h"
 #include "platform/failure.h"
 #include "platform/letter_case.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <limits>
@@ -30,13 +31,6 @@ std::int64_t positionOf(std::u16string_view wanted, std::u16string_view text, st
         return 0;
     const std::size_t found = text.find(wanted, static_cast<std::size_t>(start - 1));
     return found == std::u16string_view::npos ? 0 : static_cast<std::int64_t>(found) + 1;
-}
-
-std::u16string_view withoutOuterBlanks(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
 
 } // namespace
@@ -106,7 +100,7 @@ std::int32_t cStringBuilder::Find(std::u16string_view sToFind, std::int32_t lSta
         text = content_ + std::u16string(std::min(tail, sToFind.size()), u' ');
         wanted = sToFind;
     } else {
-        start = decimalAsInteger(withoutOuterBlanks(content_));
+        start = decimalAsInteger(trimmedBlanks(content_));
         if (start < 1)
             throw Failure(FailureNumber::invalidProcedureCall);
         text = sToFind;

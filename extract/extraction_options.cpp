@@ -2,6 +2,7 @@
 
 #include "core/decimal_number.h"
 #include "platform/error_report.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <limits>
@@ -56,11 +57,10 @@ ExtractionMode modeFromSetting(std::u16string_view stored) {
 }
 
 std::int32_t flagFromSetting(std::u16string_view stored) {
-    const std::size_t first = stored.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos)
+    const std::u16string_view text = trimmedBlanks(stored);
+    if (text.empty())
         throw Failure(FailureNumber::typeMismatch);
-    const std::int32_t number =
-        decimalAsInteger(stored.substr(first, stored.find_last_not_of(u' ') - first + 1));
+    const std::int32_t number = decimalAsInteger(text);
     if (number < std::numeric_limits<std::int16_t>::min() ||
         number > std::numeric_limits<std::int16_t>::max())
         throw Failure(FailureNumber::overflow);

@@ -2,6 +2,7 @@
 
 #include "extract/file_extraction.h"
 #include "platform/error_report.h"
+#include "platform/text.h"
 
 #include <optional>
 
@@ -9,20 +10,15 @@ namespace brindlewick {
 
 namespace {
 
-std::u16string numberText(std::size_t number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
 std::u16string progressText(std::size_t file, std::size_t files, std::size_t rows) {
-    return u"Extracting: file " + numberText(file) + u" of " + numberText(files) + u", " + numberText(rows) +
-           u" rows";
+    return u"Extracting: file " + decimalText(file) + u" of " + decimalText(files) + u", " +
+           decimalText(rows) + u" rows";
 }
 
 } // namespace
 
 void ExtractionRun::PushButton7_Click() {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton7_Click ");
+    const Guard guard(user_, u"Form1.PushButton7_Click");
     if (inputPaths_.empty()) {
         guard([&] { user_.showMessage(u"No files added."); });
         return;
@@ -53,7 +49,7 @@ void ExtractionRun::PushButton7_Click() {
     bytesRead_ = extraction ? extraction->bytesRead() : 0;
 
     guard([&] { user_.setPointer(PointerShape::standard); });
-    guard([&] { user_.endProgress(numberText(table_.rowCount()) + u" rows found"); });
+    guard([&] { user_.endProgress(decimalText(table_.rowCount()) + u" rows found"); });
     guard([&] { user_.showMessage(u"Done."); });
 }
 

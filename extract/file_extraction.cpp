@@ -2,21 +2,11 @@
 
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "platform/text.h"
 
 #include <utility>
 
 namespace brindlewick {
-
-namespace {
-
-std::u16string_view withoutOuterBlanks(std::u16string_view text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
-
-} // namespace
 
 FileExtraction::FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
                                const std::vector<std::u16string>& tags, ResultsTable& table,
@@ -107,7 +97,7 @@ void FileExtraction::extractBatch(const LineBatch& batch) {
 
 void FileExtraction::extractMatch(std::u16string_view line, std::size_t matches) {
     if (mode_ == ExtractionMode::entireLine) {
-        addRows(withoutOuterBlanks(line), matches);
+        addRows(trimmedBlanks(line), matches);
         return;
     }
     // The row is the same for every matching tag, but for the fragment that holds the run's first array: only

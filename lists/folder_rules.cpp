@@ -20,8 +20,7 @@ bool isAcceptedFolderName(std::u16string_view name) noexcept {
 }
 
 bool attributesLetWalk(unsigned attributes, bool isRoot) noexcept {
-    constexpr unsigned protectedSystemFolder = 22; // hidden + system + folder
-    return isRoot || (attributes != protectedSystemFolder && attributes != attribute::linkedFolder);
+    return isRoot || (attributes != attribute::protectedFolder && attributes != attribute::linkedFolder);
 }
 
 bool isRootFolder(std::u16string_view folder) {

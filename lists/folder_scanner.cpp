@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/letter_case.h"
 #include "platform/native_path.h"
+#include "platform/text.h"
 
 #include <string>
 #include <utility>
@@ -23,7 +24,7 @@ bool isMissingOrRefused(FailureNumber number) noexcept {
 } // namespace
 
 void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse) {
-    const Guard guard(user, u"in MerrowTitle2021/08/31.AddFolder.GetSubDirectories2016 ");
+    const Guard guard(user, u"AddFolder.GetSubDirectories2016", u"MerrowTitle2021/08/31");
     using Order = FolderCollection::Order;
 
     // Drops from a level what cannot be read, and gives the level below.
@@ -165,8 +166,7 @@ void FolderCollection::list(Folder& folder) {
 }
 
 std::u16string fileCountText(std::uint64_t count) {
-    const std::string digits = std::to_string(count);
-    return std::u16string(digits.begin(), digits.end()) + (count == 1 ? u" file" : u" files");
+    return decimalText(count) + (count == 1 ? u" file" : u" files");
 }
 
 } // namespace brindlewick

@@ -43,7 +43,7 @@ std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderC
 void InputFileHandlers::PushButton1_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton1_Click ");
+    const Guard guard(user_, u"Form1.PushButton1_Click");
     std::u16string selection;
     guard([&] { selection = user_.chooseFilesToOpen({addFilesTitle, u"All Files (*.json)|*.json|"}); });
     if (!selectionFitsBuffer(selection)) {
@@ -59,7 +59,7 @@ void InputFileHandlers::PushButton1_Click() {
 void InputFileHandlers::PushButton5_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton5_Click ");
+    const Guard guard(user_, u"Form1.PushButton5_Click");
     std::u16string extension;
     guard([&] { extension = settings_.GetSetting(u"Extension", u"json"); });
     std::u16string answer;
@@ -90,7 +90,7 @@ void InputFileHandlers::PushButton5_Click() {
 void InputFileHandlers::PushButton16_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton16_Click ");
+    const Guard guard(user_, u"Form1.PushButton16_Click");
     guard([&] { user_.showMessage(listFileMessage); });
     std::vector<std::u16string> paths;
     guard([&] {
@@ -103,19 +103,19 @@ void InputFileHandlers::PushButton16_Click() {
 void InputFileHandlers::PushButton14_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton14_Click ");
+    const Guard guard(user_, u"Form1.PushButton14_Click");
     guard([&] { inputFiles_.clear(); });
 }
 
 void InputFileHandlers::ListView1_DblClick(std::optional<std::size_t> selectedRow) {
     if (isBusy(user_) || inputFiles_.empty() || !selectedRow)
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView1_DblClick ");
+    const Guard guard(user_, u"Form1.ListView1_DblClick");
     guard([&] { inputFiles_.removeAt(*selectedRow); });
 }
 
 void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>& items) {
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView1_OLEDragDrop ");
+    const Guard guard(user_, u"Form1.ListView1_OLEDragDrop");
     // A drop is taken even while another operation is under way; the hourglass is then that operation's.
     const bool wasBusy = isBusy(user_);
     bool hasScanned = false;

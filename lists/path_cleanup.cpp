@@ -1,7 +1,4 @@
-// The clean-up of paths before they are listed, and the joining of a folder with a name.
 #include "lists/path_cleanup.h"
-
-#include "platform/native_path.h"
 
 #include <algorithm>
 
@@ -24,13 +21,6 @@ std::u16string CollapseDoubledBackslashes(std::u16string_view path) {
         at = pair + 2;
     }
     return cleaned;
-}
-
-std::u16string withSeparator(std::u16string_view folder) {
-    std::u16string path(folder);
-    if (!path.ends_with(pathSeparator))
-        path += pathSeparator;
-    return path;
 }
 
 } // namespace brindlewick

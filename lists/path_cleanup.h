@@ -1,4 +1,4 @@
-// The clean-up of paths before they are listed, and the joining of a folder with a name.
+// The clean-up of paths before they are listed.
 #pragma once
 
 #include <string>
@@ -9,8 +9,5 @@ namespace brindlewick {
 /// Two backslashes in a row become one, from left to right, so that a run of n keeps half of them, rounded
 /// up. A run at the very start, one backslash included, becomes exactly two. Other separators stay. Linear.
 std::u16string CollapseDoubledBackslashes(std::u16string_view path);
-
-/// The folder with the platform's separator at its end; one that is there already (a root's) is not doubled.
-std::u16string withSeparator(std::u16string_view folder);
 
 } // namespace brindlewick

@@ -2,6 +2,7 @@
 #include "lists/selection.h"
 
 #include "lists/path_cleanup.h"
+#include "platform/native_path.h"
 
 #include <algorithm>
 
@@ -16,12 +17,11 @@ std::vector<std::u16string> pathsOfSelection(std::u16string_view selection) {
         paths.emplace_back(selection);
         return paths;
     }
-    const std::u16string folder = withSeparator(selection.substr(0, end));
+    const std::u16string_view folder = selection.substr(0, end);
     while (end < selection.size()) {
         const std::size_t start = end + 1;
         end = std::min(selection.find(u'\0', start), selection.size());
-        std::u16string path = folder;
-        path += selection.substr(start, end - start);
+        const std::u16string path = joinedPath(folder, selection.substr(start, end - start));
         paths.push_back(CollapseDoubledBackslashes(path));
     }
     return paths;

@@ -18,14 +18,13 @@ namespace {
 constexpr std::u16string_view tagSeparator = u"||MySeparator12||";
 /// The row counter is a signed 16-bit number: rows 0 to 32,767 when restoring, a count of 32,767 when saving.
 constexpr std::size_t largestRowCounter = 32767;
-constexpr int deleteKey = 46;
 
 } // namespace
 
 void TagHandlers::PushButton3_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton3_Click ");
+    const Guard guard(user_, u"Form1.PushButton3_Click");
     std::u16string tag;
     guard([&] { tag = user_.askText(u"Enter tag to add: ", u""); });
     if (!tag.empty())
@@ -35,7 +34,7 @@ void TagHandlers::PushButton3_Click() {
 void TagHandlers::PushButton4_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton4_Click ");
+    const Guard guard(user_, u"Form1.PushButton4_Click");
     std::vector<std::u16string> paths;
     guard([&] {
         paths = pathsOfSelection(
@@ -49,21 +48,21 @@ void TagHandlers::PushButton4_Click() {
 void TagHandlers::PushButton8_Click(std::optional<std::size_t> selectedRow) {
     if (isBusy(user_) || tags_.empty() || !selectedRow)
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton8_Click ");
+    const Guard guard(user_, u"Form1.PushButton8_Click");
     guard([&] { tags_.removeAt(*selectedRow); });
 }
 
 void TagHandlers::PushButton10_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton10_Click ");
+    const Guard guard(user_, u"Form1.PushButton10_Click");
     guard([&] { tags_.clear(); });
 }
 
 void TagHandlers::ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow) {
-    if (keyCode != deleteKey || isBusy(user_) || tags_.empty() || !selectedRow)
+    if (keyCode != deleteKeyCode || isBusy(user_) || tags_.empty() || !selectedRow)
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.ListView3_KeyDown ");
+    const Guard guard(user_, u"Form1.ListView3_KeyDown");
     guard([&] { tags_.removeAt(*selectedRow); });
 }
 

@@ -20,7 +20,7 @@ public:
     void PushButton4_Click();                                       ///< "Load Tags From Text File"
     void PushButton8_Click(std::optional<std::size_t> selectedRow); ///< "Delete Selected Tag"
     void PushButton10_Click();                                      ///< "Clear List"
-    /// The Delete key (46) removes the selected row unless an operation is under way.
+    /// `deleteKeyCode` removes the selected row unless an operation is under way.
     void ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow);
 
 private:

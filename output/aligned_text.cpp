@@ -39,8 +39,7 @@ void writeLine(TextFileWriter& file, const Widths& widths, std::size_t columns, 
 
 void SaveListviewProperlySpaced(UserInterface& user, const ListviewTable& table, std::u16string_view path,
                                 ProgressIndicator* progress) {
-    ExportSteps step(user, u"in Corvane2021/08/31.Extract1.SaveListviewProperlySpaced ", progress,
-                     ValueOnFailure::zero);
+    ExportSteps step(user, u"Extract1.SaveListviewProperlySpaced", progress, ValueOnFailure::zero);
     if (progress != nullptr) {
         step([&] { progress->setCaption(writingCaption(path)); });
         step([&] { user.yield(); });

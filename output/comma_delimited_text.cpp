@@ -40,8 +40,7 @@ std::u16string overwriteQuestion(std::u16string_view path) {
 
 void SaveListviewAsCommaDelimToFile(UserInterface& user, const ListviewTable& table, std::u16string_view path,
                                     ProgressIndicator* progress) {
-    ExportSteps step(user, u"in Corvane2021/08/31.Extract1.SaveListviewAsCommaDelimToFile ", progress,
-                     ValueOnFailure::kept);
+    ExportSteps step(user, u"Extract1.SaveListviewAsCommaDelimToFile", progress, ValueOnFailure::kept);
     bool mayWrite = false;
     step([&] { mayWrite = !FileExists(path) || user.askYesNo(overwriteQuestion(path)); });
     if (!mayWrite)

@@ -2,17 +2,9 @@
 #include "output/export_steps.h"
 
 #include "platform/native_path.h"
+#include "platform/text.h"
 
 namespace brindlewick {
-
-namespace {
-
-std::u16string numberText(std::size_t number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
-} // namespace
 
 void ExportSteps::takeProgressBack() {
     if (progress_ == nullptr)
@@ -27,7 +19,7 @@ std::u16string writingCaption(std::u16string_view path) {
 }
 
 std::u16string writingCaption(std::u16string_view path, std::size_t row) {
-    return writingCaption(path) + u" (" + numberText(row) + u")";
+    return writingCaption(path) + u" (" + decimalText(row) + u")";
 }
 
 int percentDone(std::size_t row, std::size_t rowCount) {
@@ -40,7 +32,7 @@ void showRows(UserInterface& user, std::u16string_view doing, std::size_t row, s
 }
 
 std::u16string rowsDone(std::size_t rows, std::u16string_view done) {
-    return numberText(rows).append(rows == 1 ? u" row " : u" rows ").append(done);
+    return decimalText(rows).append(rows == 1 ? u" row " : u" rows ").append(done);
 }
 
 } // namespace brindlewick

@@ -24,10 +24,10 @@ enum class ValueOnFailure { kept, zero };
 /// reported as Guard reports it. Nothing is set up per step, so a row may be a step of its own.
 class ExportSteps {
 public:
-    /// `location` is the routine's literal; `progress` may be null.
-    ExportSteps(UserInterface& user, std::u16string_view location, ProgressIndicator* progress,
+    /// `routine` is as Guard takes it; `progress` may be null.
+    ExportSteps(UserInterface& user, std::u16string_view routine, ProgressIndicator* progress,
                 ValueOnFailure valueOnFailure) noexcept
-        : guard_(user, location), progress_(progress), valueOnFailure_(valueOnFailure) {}
+        : guard_(user, routine), progress_(progress), valueOnFailure_(valueOnFailure) {}
 
     /// True when the step ended without a failure. `line` is left to its default.
     template <class Step>

@@ -40,7 +40,7 @@ std::u16string pathToWrite(UserInterface& user) {
 void OutputHandlers::PushButton6_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton6_Click ");
+    const Guard guard(user_, u"Form1.PushButton6_Click");
     std::u16string path;
     guard([&] { path = pathToWrite(user_); });
     if (path.empty())
@@ -53,7 +53,7 @@ void OutputHandlers::PushButton6_Click() {
 void OutputHandlers::PushButton12_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton12_Click ");
+    const Guard guard(user_, u"Form1.PushButton12_Click");
     std::u16string path;
     guard([&] { path = pathToWrite(user_); });
     if (path.empty())
@@ -66,7 +66,7 @@ void OutputHandlers::PushButton12_Click() {
 void OutputHandlers::PushButton11_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton11_Click ");
+    const Guard guard(user_, u"Form1.PushButton11_Click");
     std::size_t rows = 0;
     guard([&] { user_.setPointer(PointerShape::hourglass); });
     const bool isCopied = guard([&] { rows = CopyListviewToClipboard(user_, ResultsListview(table_)); });
@@ -78,7 +78,7 @@ void OutputHandlers::PushButton11_Click() {
 void OutputHandlers::PushButton9_Click() {
     if (isBusy(user_))
         return;
-    const Guard guard(user_, u"in Corvane2021/08/31.Form1.PushButton9_Click ");
+    const Guard guard(user_, u"Form1.PushButton9_Click");
     guard([&] { table_.clearRows(); });
 }
 

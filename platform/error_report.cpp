@@ -1,9 +1,9 @@
-// Turns whatever ended a step into the one report that the user sees.
 #include "platform/error_report.h"
+
+#include "platform/text.h"
 
 #include <new>
 #include <stdexcept>
-#include <string>
 
 namespace brindlewick {
 
@@ -26,27 +26,26 @@ FailureNumber currentFailure() noexcept {
 
 } // namespace
 
-std::u16string applicationErrorText(std::u16string_view location, std::u16string_view description,
-                                    std::uint_least32_t line) {
-    const std::string digits = std::to_string(line);
-    std::u16string text(description);
-    text.append(u"\r\n").append(location).append(u"at line ").append(digits.begin(), digits.end());
-    text.append(u"\r\rPlease email screenshot of this message to ").append(supportAddress);
-    return text;
-}
-
 void ReportApplicationError(UserInterface& user, std::u16string_view location,
                             std::u16string_view description, std::uint_least32_t line) {
-    user.showApplicationError(applicationErrorText(location, description, line));
+    std::u16string text(description);
+    text.append(u"\r\n").append(location).append(u"at line ").append(decimalText(line));
+    text.append(u"\r\rPlease email screenshot of this message to ").append(supportAddress);
+    user.showApplicationError(text);
+}
+
+void Guard::report(FailureNumber number, std::uint_least32_t line) const noexcept {
+    try {
+        std::u16string location = u"in ";
+        location.append(program_).append(u".").append(routine_).append(u" ");
+        ReportApplicationError(user_, location, descriptionOf(number), line);
+    } catch (...) {
+        // The report itself failed, most likely for want of memory. All that is left is to go on.
+    }
 }
 
 void Guard::reportCurrentException(std::uint_least32_t line) const noexcept {
-    const FailureNumber failure = currentFailure();
-    try {
-        ReportApplicationError(user_, location_, descriptionOf(failure), line);
-    } catch (...) {
-        // Nobody is left to tell: without memory for a message box, going on is all that can be done.
-    }
+    report(currentFailure(), line);
 }
 
 } // namespace brindlewick

@@ -13,29 +13,31 @@ namespace brindlewick {
 
 inline constexpr std::u16string_view supportAddress = u"support@brindlewick.example";
 
-/// The report's text: description, CR LF, the routine's location text, "at line " and the source line in
-/// decimal, two CRs, and where to send it.
-std::u16string applicationErrorText(std::u16string_view location, std::u16string_view description,
-                                    std::uint_least32_t line);
+/// The program's name in location texts.
+inline constexpr std::u16string_view programInReports = u"Corvane2021/08/31";
 
-/// Builds the report's text and shows it. The one place where a failure reaches the user.
+/// Shows the report: `description`, CR LF, `location`, "at line " and the source line in decimal, two CRs,
+/// and where to send it. `location` is the routine's location text, for example u"in
+/// Corvane2021/08/31.Form1.PushButton3_Click ".
 void ReportApplicationError(UserInterface& user, std::u16string_view location,
                             std::u16string_view description, std::uint_least32_t line);
 
-/// Runs the steps of one routine. A step that fails is reported under the routine's location text and the
-/// source line at which the step stands; the routine then goes on with its next step.
+/// Runs the steps of one routine. A step that fails is reported with the routine's name and the step's source
+/// line; the routine then goes on with its next step.
 ///
-///     Guard guard(user, u"in Corvane2021/08/31.Form1.PushButton3_Click ");
+///     Guard guard(user, u"Form1.PushButton3_Click");
 ///     guard([&] { answer = user.askText(prompt, u""); });
 ///     guard([&] { tags.append(answer); });
 class Guard {
 public:
-    /// `location` must outlive the guard; it is the routine's literal and ends in one blank.
-    Guard(UserInterface& user, std::u16string_view location) noexcept : user_(user), location_(location) {}
+    /// `routine` is an object and its routine; both texts are literals, since the guard copies neither.
+    Guard(UserInterface& user, std::u16string_view routine,
+          std::u16string_view program = programInReports) noexcept
+        : user_(user), routine_(routine), program_(program) {}
 
-    /// True when the step ended without a failure. No exception leaves the guard: an exhausted memory
-    /// is outOfMemory, any other foreign exception invalidProcedureCall. `line` is left to its
-    /// default, the line of the call (std::source_location is missing from Clang 14).
+    /// Runs the step; true when it ended without a failure. No exception leaves the guard: std::bad_alloc and
+    /// std::length_error are reported as outOfMemory, any other but Failure as invalidProcedureCall.
+    /// `line` is left to its default, the line of the call (Clang 14 lacks std::source_location).
     template <class Step>
     bool operator()(Step&& step, std::uint_least32_t line = __builtin_LINE()) const {
         try {
@@ -47,11 +49,15 @@ public:
         }
     }
 
+    /// Reports a failure that was not thrown. `line` is left to its default, the line of the call.
+    void report(FailureNumber number, std::uint_least32_t line = __builtin_LINE()) const noexcept;
+
 private:
     void reportCurrentException(std::uint_least32_t line) const noexcept;
 
     UserInterface& user_;
-    std::u16string_view location_;
+    std::u16string_view routine_;
+    std::u16string_view program_;
 };
 
 } // namespace brindlewick

@@ -23,6 +23,8 @@ inline constexpr unsigned system = 4;   ///< Windows alone
 inline constexpr unsigned folder = 16;
 inline constexpr unsigned file = 32;      ///< a regular file; on Windows one that waits for its back-up
 inline constexpr unsigned reparse = 1024; ///< Windows alone: a link or a junction among others
+/// A protected system folder, on Windows alone: the whole value.
+inline constexpr unsigned protectedFolder = folder + system + hidden;
 /// A symbolic link to a folder: the whole value, as Windows' own junctions have.
 inline constexpr unsigned linkedFolder = reparse + folder + system + hidden;
 } // namespace attribute

@@ -21,6 +21,10 @@ std::u16string textFromPathBytes(std::string_view bytes);
 /// The inverse of textFromPathBytes.
 std::string pathBytes(std::u16string_view path);
 
+/// The folder with `pathSeparator` at its end; one that is there already (a root's) is not doubled.
+[[nodiscard]] std::u16string withSeparator(std::u16string_view folder);
+/// The path of `name` in `folder`, which may end in a separator or not.
+[[nodiscard]] std::u16string joinedPath(std::u16string_view folder, std::u16string_view name);
 /// The text after the last separator of either kind ("/" or "\"), the whole path when it holds none.
 std::u16string_view fileNamePart(std::u16string_view path) noexcept;
 

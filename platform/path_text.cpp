@@ -1,6 +1,7 @@
 // What can be told from a path without asking the operating system.
 #include "platform/native_path.h"
 
+#include "platform/text.h"
 #include "platform/text_encoding.h"
 
 namespace brindlewick {
@@ -9,10 +10,6 @@ namespace {
 
 constexpr char16_t firstEscape = 0xDC80; // stands for the byte 80
 constexpr char16_t lastEscape = 0xDCFF;
-
-bool isHighSurrogate(char16_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
 
 /// The length of the valid UTF-8 character at the front, 0 when there is none.
 std::size_t validLength(std::string_view bytes) {
@@ -62,6 +59,17 @@ std::string pathBytes(std::u16string_view path) {
     }
     bytes += toUtf8(path.substr(runStart));
     return bytes;
+}
+
+std::u16string withSeparator(std::u16string_view folder) {
+    std::u16string path(folder);
+    if (!path.ends_with(pathSeparator))
+        path += pathSeparator;
+    return path;
+}
+
+std::u16string joinedPath(std::u16string_view folder, std::u16string_view name) {
+    return withSeparator(folder).append(name);
 }
 
 std::u16string_view fileNamePart(std::u16string_view path) noexcept {

@@ -1,6 +1,8 @@
 // Windows-1252 by tables, UTF-8 by runs of ASCII and one character at a time between them.
 #include "platform/text_encoding.h"
 
+#include "platform/text.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -183,11 +185,9 @@ std::string toUtf8(std::u16string_view text) {
     const auto put = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
     for (std::size_t at = 0; at < text.size(); ++at) {
         std::uint32_t codePoint = text[at];
-        const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-        if (isSurrogate && codePoint < 0xDC00 && at + 1 < text.size() && text[at + 1] >= 0xDC00 &&
-            text[at + 1] <= 0xDFFF)
+        if (isHighSurrogate(text[at]) && at + 1 < text.size() && isLowSurrogate(text[at + 1]))
             codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (text[++at] - 0xDC00U);
-        else if (isSurrogate)
+        else if (isHighSurrogate(text[at]) || isLowSurrogate(text[at]))
             codePoint = replacement;
         if (codePoint < 0x80) {
             put(codePoint);

@@ -15,6 +15,9 @@ enum class PointerShape : std::int32_t {
     custom = 99,    ///< the hand shown over buttons
 };
 
+/// The customary number of the Delete key.
+inline constexpr int deleteKeyCode = 46;
+
 /// What a file dialog shows. The filter is "Caption|pattern|Caption|pattern|"; a pattern may be "*.*".
 struct FileDialog {
     std::u16string_view title;

@@ -161,7 +161,7 @@ TEST_F(RefusedMemory, EndsAScanAndAListFile) {
     TextList files;
     InputFileHandlers handlers(user, settings, files);
     const std::vector<std::u16string> dropped = {folder.text("tree")};
-    const Guard guard(user, u"here ");
+    const Guard guard(user, u"Tests.RefusedMemory");
     refuseEveryAllocation(
         user,
         [&] {
@@ -186,7 +186,7 @@ TEST_F(RefusedMemory, EndsTheOutputs) {
     const ResultsListview view(table);
     const std::u16string aligned = folder.text("aligned.txt");
     const std::u16string comma = folder.text("comma.txt");
-    const Guard guard(user, u"here ");
+    const Guard guard(user, u"Tests.RefusedMemory");
     const auto saveAndCopy = [&] {
         SaveListviewProperlySpaced(user, view, aligned, nullptr);
         SaveListviewAsCommaDelimToFile(user, view, comma, nullptr);

@@ -1,6 +1,7 @@
 // The one report of whatever ends a step, and the text of each failure.
 #include "platform/error_report.h"
 
+#include "platform/text.h"
 #include "support/fake_user.h"
 
 #include <gtest/gtest.h>
@@ -40,13 +41,12 @@ TEST(Guard, ReportsWhateverEndsAStepAndGoesOn) {
     };
     for (const auto& [step, description] : cases) {
         FakeUser user;
-        const Guard guard(user, u"in Corvane2021/08/31.Form1.PushButton7_Click ");
+        const Guard guard(user, u"Form1.PushButton7_Click");
         EXPECT_TRUE(guard([] {}));
-        const std::string line = std::to_string(__LINE__ + 1);
+        const std::u16string line = decimalText(__LINE__ + 1);
         EXPECT_FALSE(guard(step));
         const std::u16string report =
-            description + u"\r\nin Corvane2021/08/31.Form1.PushButton7_Click at line " +
-            std::u16string(line.begin(), line.end()) +
+            description + u"\r\nin Corvane2021/08/31.Form1.PushButton7_Click at line " + line +
             u"\r\rPlease email screenshot of this message to support@brindlewick.example";
         EXPECT_EQ(user.errors, std::vector{report});
     }
@@ -57,6 +57,17 @@ TEST(Guard, KeepsInsideWhatTheReportItselfThrows) {
         void showApplicationError(std::u16string_view) override { throw std::bad_alloc(); }
     } user;
     EXPECT_NO_THROW(EXPECT_FALSE(Guard(user, u"")([] { throw Failure(FailureNumber::overflow); })));
+}
+
+TEST(Guard, ReportsAFailureThatWasNotThrown) {
+    FakeUser user;
+    Guard(user, u"A.B", u"Another").report(FailureNumber::diskFull, 7);
+    EXPECT_EQ(user.errors,
+              std::vector<std::u16string>{u"Disk full\r\nin Another.A.B at line 7\r\rPlease email screenshot "
+                                          u"of this message to support@brindlewick.example"});
+    const std::uint_least32_t line = __LINE__ + 1;
+    Guard(user, u"A.B").report(FailureNumber::diskFull);
+    EXPECT_NE(user.errors.back().find(u"at line " + decimalText(line) + u"\r\r"), std::u16string::npos);
 }
 
 } // namespace

@@ -17,6 +17,14 @@ TEST(FileNamePart, FollowsTheLastSeparatorOfEitherKind) {
         EXPECT_EQ(fileNamePart(path), name);
 }
 
+TEST(JoinedPath, HasOneSeparatorBetweenFolderAndName) {
+    const std::u16string separator(1, pathSeparator);
+    EXPECT_EQ(joinedPath(u"a", u"b"), u"a" + separator + u"b");
+    EXPECT_EQ(joinedPath(u"a" + separator, u"b"), u"a" + separator + u"b");
+    EXPECT_EQ(joinedPath(separator, u"b"), separator + u"b");
+    EXPECT_EQ(withSeparator(joinedPath(u"a", u"")), u"a" + separator);
+}
+
 TEST(PathBytes, BecomeTextWithAnEscapeForEachByteThatIsNone) {
     const std::pair<std::string, std::u16string> cases[] = {
         {"", u""},
