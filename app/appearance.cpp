@@ -163,7 +163,7 @@ bool HoverPointer::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     if (type != QEvent::Enter && type != QEvent::MouseMove && type != QEvent::Leave)
         return false;
-    if (user_.pointer() == PointerShape::hourglass)
+    if (user_.isBusy())
         return false;
     auto* widget = static_cast<QWidget*>(watched);
     bool overButton = false;

@@ -1,6 +1,6 @@
 #include "app/main_window.h"
 
-#include "lists/busy.h"
+#include "output/clipboard_text.h"
 #include "platform/error_report.h"
 
 #include <QCloseEvent>
@@ -143,7 +143,7 @@ void Form1::addShortcuts() {
 
 void Form1::onClick(QPushButton* button, std::function<void()> handler, bool onlyTells) {
     connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler), onlyTells] {
-        if (isBusy(user_) && !onlyTells)
+        if (user_.isBusy() && !onlyTells)
             return;
         // The handlers report their own failures; nothing that slips through may reach the event loop.
         const Guard guard(user_, u"Form1.Click");
@@ -159,7 +159,7 @@ void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
 /// What the last removal took comes back: to the list that has the focus if it lacks something, else to the
 /// other.
 void Form1::restoreTaken() {
-    if (isBusy(user_))
+    if (user_.isBusy())
         return;
     const Guard guard(user_, u"Form1.Form_KeyDown");
     guard([&] {
@@ -171,23 +171,10 @@ void Form1::restoreTaken() {
     });
 }
 
-/// The selected rows as lines of cells with tabs between them.
 void Form1::copySelectedRows() {
     const Guard guard(user_, u"Form1.ListView2_KeyDown");
     guard([&] {
-        std::u16string text;
-        for (const auto& [first, last] : controls_.ListView2->selectedRanges()) {
-            for (int row = first; row <= last; ++row) {
-                for (std::size_t column = 0; column < results_.columns().size(); ++column)
-                    text.append(column > 0 ? u"\t" : u"")
-                        .append(results_.cell(static_cast<std::size_t>(row), column));
-                text.append(u"\r\n");
-                if (text.size() > longestText)
-                    throw Failure(FailureNumber::outOfMemory);
-            }
-        }
-        if (!text.empty())
-            user_.setClipboardText(text);
+        CopyRowsToClipboard(user_, ResultsListview(results_), controls_.ListView2->selectedRanges());
     });
 }
 

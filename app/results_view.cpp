@@ -11,11 +11,12 @@ ResultsView::ResultsView(ResultsModel& model, QWidget* parent) : RowsView(parent
     setSelectionMode(ExtendedSelection);
 }
 
-QList<std::pair<int, int>> ResultsView::selectedRanges() const {
-    QList<std::pair<int, int>> ranges;
+std::vector<RowRange> ResultsView::selectedRanges() const {
+    std::vector<RowRange> ranges;
     for (const QItemSelectionRange& range : selectionModel()->selection())
-        ranges.emplace_back(range.top(), range.bottom());
-    std::sort(ranges.begin(), ranges.end());
+        ranges.push_back({static_cast<std::size_t>(range.top()), static_cast<std::size_t>(range.bottom())});
+    std::sort(ranges.begin(), ranges.end(),
+              [](const RowRange& a, const RowRange& b) { return a.first < b.first; });
     return ranges;
 }
 
@@ -42,7 +43,7 @@ void ResultsView::toggleSelected() {
         selectRow(current.row());
     const bool checked = current.siblingAtColumn(0).data(Qt::CheckStateRole).toInt() != Qt::Checked;
     for (const auto& [first, last] : selectedRanges())
-        results_.setChecked(first, last, checked);
+        results_.setChecked(static_cast<int>(first), static_cast<int>(last), checked);
 }
 
 } // namespace brindlewick

@@ -3,10 +3,12 @@
 
 #include "app/results_model.h"
 #include "app/rows_view.h"
+#include "output/clipboard_text.h"
 
 #include <QList>
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace brindlewick {
 
@@ -15,8 +17,8 @@ public:
     /// The model is the view's for good.
     explicit ResultsView(ResultsModel& model, QWidget* parent = nullptr);
 
-    /// The selected rows as ranges from first to last, in the table's order.
-    QList<std::pair<int, int>> selectedRanges() const;
+    /// The selected rows, in the table's order.
+    std::vector<RowRange> selectedRanges() const;
     /// Called when Ctrl+C is pressed on rows.
     void setCopyHandler(std::function<void()> handler) { copyHandler_ = std::move(handler); }
     /// Gives the columns the widths of the table that is shown.

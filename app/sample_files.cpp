@@ -1,7 +1,6 @@
 // The record of the sample files, how it is scrambled, and the button that loads what it lists.
 #include "app/sample_files.h"
 
-#include "lists/busy.h"
 #include "lists/folder_scanner.h"
 #include "platform/error_report.h"
 #include "platform/files.h"
@@ -88,8 +87,6 @@ void SampleFiles::LoadSampleFiles(TextList& list) {
 }
 
 void SampleFiles::PushButton13_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton13_Click");
     guard([&] { selectMode2_(); });
     guard([&] { tags_.append(u"name"); });

@@ -38,7 +38,6 @@ public:
     std::u16string chooseFileToSave(const FileDialog& dialog) override;
     std::u16string browseForFolder(std::u16string_view prompt, std::u16string_view startFolder) override;
     void setPointer(PointerShape shape) override;
-    PointerShape pointer() const override { return pointer_; }
     /// Handles events when at least 8 ms, and eight times as long as the last handling took, have passed
     /// since; otherwise costs one look at the clock.
     void yield() override;

@@ -32,16 +32,12 @@ public:
     std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
     std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
     std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }
-    void setPointer(PointerShape shape) override { pointer_ = shape; }
-    PointerShape pointer() const override { return pointer_; }
+    void setPointer(PointerShape) override {}
     void yield() override {}
     void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
     void endProgress(std::u16string_view) override {}
     void setClipboardText(std::u16string_view) override {}
     void openFolder(std::u16string_view) override {}
-
-private:
-    PointerShape pointer_ = PointerShape::standard;
 };
 
 /// Settings that last as long as the process.

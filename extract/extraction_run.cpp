@@ -1,6 +1,7 @@
 #include "extract/extraction_run.h"
 
 #include "extract/file_extraction.h"
+#include "platform/busy_scope.h"
 #include "platform/error_report.h"
 #include "platform/text.h"
 
@@ -23,7 +24,7 @@ void ExtractionRun::PushButton7_Click() {
         guard([&] { user_.showMessage(u"No files added."); });
         return;
     }
-    guard([&] { user_.setPointer(PointerShape::hourglass); });
+    BusyScope busy(user_, guard);
     guard([&] { table_.clearAll(); });
     guard([&] { table_.setColumns(options_.includeFilename()); });
 
@@ -48,8 +49,7 @@ void ExtractionRun::PushButton7_Click() {
     }
     bytesRead_ = extraction ? extraction->bytesRead() : 0;
 
-    guard([&] { user_.setPointer(PointerShape::standard); });
-    guard([&] { user_.endProgress(decimalText(table_.rowCount()) + u" rows found"); });
+    busy.end([&] { return decimalText(table_.rowCount()) + u" rows found"; });
     guard([&] { user_.showMessage(u"Done."); });
 }
 

@@ -1,11 +1,11 @@
 // What the buttons and gestures of the input file list do.
 #include "lists/input_file_handlers.h"
 
-#include "lists/busy.h"
 #include "lists/folder_scanner.h"
 #include "lists/list_file.h"
 #include "lists/path_cleanup.h"
 #include "lists/selection.h"
+#include "platform/busy_scope.h"
 #include "platform/error_report.h"
 #include "platform/files.h"
 
@@ -41,8 +41,6 @@ std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderC
 } // namespace
 
 void InputFileHandlers::PushButton1_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton1_Click");
     std::u16string selection;
     guard([&] { selection = user_.chooseFilesToOpen({addFilesTitle, u"All Files (*.json)|*.json|"}); });
@@ -57,8 +55,6 @@ void InputFileHandlers::PushButton1_Click() {
 }
 
 void InputFileHandlers::PushButton5_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton5_Click");
     std::u16string extension;
     guard([&] { extension = settings_.GetSetting(u"Extension", u"json"); });
@@ -77,19 +73,16 @@ void InputFileHandlers::PushButton5_Click() {
     guard([&] { settings_.SaveSetting(u"LastFolder", folder); });
 
     std::uint64_t added = 0;
-    guard([&] { user_.setPointer(PointerShape::hourglass); });
+    BusyScope busy(user_, guard);
     guard([&] {
         FolderCollection folders(u"*." + answer);
         folders.addStartFolder(folder);
         added = appendFilesOfTree(user_, guard, folders, inputFiles_);
     });
-    guard([&] { user_.setPointer(PointerShape::standard); });
-    guard([&] { user_.endProgress(fileCountText(added) + u" added"); });
+    busy.end([&] { return fileCountText(added) + u" added"; });
 }
 
 void InputFileHandlers::PushButton16_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton16_Click");
     guard([&] { user_.showMessage(listFileMessage); });
     std::vector<std::u16string> paths;
@@ -101,14 +94,12 @@ void InputFileHandlers::PushButton16_Click() {
 }
 
 void InputFileHandlers::PushButton14_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton14_Click");
     guard([&] { inputFiles_.clear(); });
 }
 
 void InputFileHandlers::ListView1_DblClick(std::optional<std::size_t> selectedRow) {
-    if (isBusy(user_) || inputFiles_.empty() || !selectedRow)
+    if (user_.isBusy() || inputFiles_.empty() || !selectedRow)
         return;
     const Guard guard(user_, u"Form1.ListView1_DblClick");
     guard([&] { inputFiles_.removeAt(*selectedRow); });
@@ -116,22 +107,19 @@ void InputFileHandlers::ListView1_DblClick(std::optional<std::size_t> selectedRo
 
 void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>& items) {
     const Guard guard(user_, u"Form1.ListView1_OLEDragDrop");
-    // A drop is taken even while another operation is under way; the hourglass is then that operation's.
-    const bool wasBusy = isBusy(user_);
-    bool hasScanned = false;
     std::uint64_t added = 0;
     // Not emptied between the folders of one drop: the files of the earlier ones are listed again with every
     // later one. Odd, and kept.
     std::optional<FolderCollection> folders;
+    std::optional<BusyScope> busy; // from the first folder on; a drop may come during another operation
     for (const std::u16string& item : items) {
         if (!IsFolder(item)) {
             guard([&] { inputFiles_.append(item); });
             ++added;
             continue;
         }
-        if (!wasBusy && !hasScanned)
-            guard([&] { user_.setPointer(PointerShape::hourglass); });
-        hasScanned = true;
+        if (!busy)
+            busy.emplace(user_, guard);
         guard([&] {
             if (!folders)
                 folders.emplace(u"*.*");
@@ -139,11 +127,8 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
             added += appendFilesOfTree(user_, guard, *folders, inputFiles_);
         });
     }
-    if (!hasScanned)
-        return;
-    if (!wasBusy)
-        guard([&] { user_.setPointer(PointerShape::standard); });
-    guard([&] { user_.endProgress(fileCountText(added) + u" added"); });
+    if (busy)
+        busy->end([&] { return fileCountText(added) + u" added"; });
 }
 
 } // namespace brindlewick

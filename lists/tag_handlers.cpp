@@ -1,7 +1,6 @@
 // What the buttons and keys of the tag list do, and how the list is kept between runs.
 #include "lists/tag_handlers.h"
 
-#include "lists/busy.h"
 #include "lists/list_file.h"
 #include "lists/selection.h"
 #include "platform/error_report.h"
@@ -22,8 +21,6 @@ constexpr std::size_t largestRowCounter = 32767;
 } // namespace
 
 void TagHandlers::PushButton3_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton3_Click");
     std::u16string tag;
     guard([&] { tag = user_.askText(u"Enter tag to add: ", u""); });
@@ -32,8 +29,6 @@ void TagHandlers::PushButton3_Click() {
 }
 
 void TagHandlers::PushButton4_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton4_Click");
     std::vector<std::u16string> paths;
     guard([&] {
@@ -46,21 +41,19 @@ void TagHandlers::PushButton4_Click() {
 }
 
 void TagHandlers::PushButton8_Click(std::optional<std::size_t> selectedRow) {
-    if (isBusy(user_) || tags_.empty() || !selectedRow)
+    if (tags_.empty() || !selectedRow)
         return;
     const Guard guard(user_, u"Form1.PushButton8_Click");
     guard([&] { tags_.removeAt(*selectedRow); });
 }
 
 void TagHandlers::PushButton10_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton10_Click");
     guard([&] { tags_.clear(); });
 }
 
 void TagHandlers::ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow) {
-    if (keyCode != deleteKeyCode || isBusy(user_) || tags_.empty() || !selectedRow)
+    if (keyCode != deleteKeyCode || user_.isBusy() || tags_.empty() || !selectedRow)
         return;
     const Guard guard(user_, u"Form1.ListView3_KeyDown");
     guard([&] { tags_.removeAt(*selectedRow); });

@@ -1,8 +1,6 @@
-// Three passes: measure the columns, add up the length, build. The last column's padding would be cut again
-// from every line, so it is neither measured nor built.
 #include "output/clipboard_text.h"
 
-#include "output/export_steps.h"
+#include "output/export_progress.h"
 #include "platform/failure.h"
 
 #include <cstddef>
@@ -27,7 +25,7 @@ std::vector<std::size_t> paddedWidths(UserInterface& user, const ListviewTable& 
     return widths;
 }
 
-/// The exact length of the text, as the rows are ticked now.
+/// The exact length of the text with the rows that are ticked now.
 std::size_t textLength(UserInterface& user, const ListviewTable& table,
                        const std::vector<std::size_t>& widths) {
     std::size_t fixedLength = lineEnd.size();
@@ -59,18 +57,21 @@ void appendLine(std::u16string& text, const ListviewTable& table, std::size_t ro
 
 } // namespace
 
+// Three passes: measure the columns, add up the length, build. The blanks at the end of a line are removed,
+// so the last column is not padded.
 ClipboardText clipboardText(UserInterface& user, const ListviewTable& table) {
     ClipboardText copy;
     if (table.columnCount() == 0)
         return copy;
     const std::vector<std::size_t> widths = paddedWidths(user, table);
+    ExportProgress progress(user, u"Copying rows");
     copy.text.reserve(textLength(user, table, widths));
     for (std::size_t row = 0; row < table.rowCount(); ++row) {
         if (table.isChecked(row)) {
             appendLine(copy.text, table, row, widths);
             ++copy.rows;
         }
-        showRows(user, u"Copying rows", row + 1, table.rowCount());
+        progress.showRow(row + 1, table.rowCount());
         user.yield();
     }
     return copy;
@@ -82,6 +83,21 @@ std::size_t CopyListviewToClipboard(UserInterface& user, const ListviewTable& ta
     const ClipboardText copy = clipboardText(user, table);
     user.setClipboardText(copy.text);
     return copy.rows;
+}
+
+void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::span<const RowRange> ranges) {
+    std::u16string text;
+    for (const auto& [first, last] : ranges) {
+        for (std::size_t row = first; row <= last; ++row) {
+            for (std::size_t column = 0; column < table.columnCount(); ++column)
+                text.append(column > 0 ? u"\t" : u"").append(table.cell(row, column));
+            text += lineEnd;
+            if (text.size() > longestText)
+                throw Failure(FailureNumber::outOfMemory);
+        }
+    }
+    if (!text.empty())
+        user.setClipboardText(text);
 }
 
 } // namespace brindlewick

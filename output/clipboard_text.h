@@ -1,10 +1,11 @@
-// The ticked rows as plain text to paste: cells lined up by blanks and separated by tabs.
+// Rows as text for the clipboard: the ticked ones in columns that line up, or the selected ones.
 #pragma once
 
 #include "output/listview_table.h"
 #include "platform/user_interface.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 
 namespace brindlewick {
@@ -14,16 +15,27 @@ struct ClipboardText {
     std::size_t rows = 0; ///< lines in it
 };
 
-/// One line per ticked row, each ended by CR LF, without headers. Every cell but the last is padded to the
-/// longest text of its column in all rows (UTF-16 code units) and followed by a tab; the blanks at the end of
-/// the last cell's text go, and the tab before it always stays.
+/// One line per ticked row, each ended by CR LF, without headers. Every cell but the last is padded with
+/// blanks to the longest text of its column in all rows (UTF-16 code units) and followed by a tab. The last
+/// cell loses the blanks at its end; the tab before it stays even when the cell is empty.
 ///
 /// Fails with outOfMemory, before anything is built, when the text would be longer than `longestText`.
 /// Yields once per row in each of its passes. Linear in the text; the text is allocated once.
-ClipboardText clipboardText(UserInterface& user, const ListviewTable& table);
+[[nodiscard]] ClipboardText clipboardText(UserInterface& user, const ListviewTable& table);
 
-/// Puts the text on the clipboard and gives the number of rows in it; a table without rows leaves the
-/// clipboard as it was. Fails as `clipboardText` and `UserInterface::setClipboardText` do.
+/// Puts the text on the clipboard and returns the number of rows in it. A table without rows leaves the
+/// clipboard as it is. Fails as `clipboardText` and `UserInterface::setClipboardText` do.
 std::size_t CopyListviewToClipboard(UserInterface& user, const ListviewTable& table);
+
+/// Rows from `first` to `last`, both included.
+struct RowRange {
+    std::size_t first;
+    std::size_t last;
+};
+
+/// Puts the rows on the clipboard, ticked or not: a tab between two cells, CR LF after every row. No rows
+/// leave the clipboard as it is. Fails with outOfMemory when the text becomes longer than `longestText`, and
+/// as `UserInterface::setClipboardText` does.
+void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::span<const RowRange> ranges);
 
 } // namespace brindlewick

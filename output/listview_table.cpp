@@ -1,4 +1,3 @@
-// The one measurement that the aligned file and the clipboard text share.
 #include "output/listview_table.h"
 
 #include <algorithm>

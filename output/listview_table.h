@@ -1,5 +1,5 @@
-// What the writers ask of a list-style table, and the results table seen that way.
-// Rows and columns count from 0; lengths are UTF-16 code units.
+// The table that the exports read, and the results table as one. Rows and columns count from 0; lengths are
+// UTF-16 code units.
 #pragma once
 
 #include "extract/results_table.h"
@@ -17,8 +17,7 @@ public:
     virtual std::size_t columnCount() const = 0;
     virtual std::u16string_view header(std::size_t column) const = 0;
     virtual std::size_t rowCount() const = 0;
-    /// Empty where the row has no text for the column. Valid until the table changes, so never across a
-    /// yield.
+    /// Empty when the row has no text in the column. Valid until the table changes, so not across a yield.
     virtual std::u16string_view cell(std::size_t row, std::size_t column) const = 0;
     virtual bool isChecked(std::size_t row) const = 0;
 };
@@ -40,8 +39,8 @@ private:
     const ResultsTable& table_;
 };
 
-/// The length of the longest text of a column, 0 without rows; unticked rows and not the header count. Yields
-/// once per row.
-std::size_t longestCell(UserInterface& user, const ListviewTable& table, std::size_t column);
+/// The length of the longest text in a column, unticked rows included, the header excluded; 0 without rows.
+/// Yields once per row.
+[[nodiscard]] std::size_t longestCell(UserInterface& user, const ListviewTable& table, std::size_t column);
 
 } // namespace brindlewick

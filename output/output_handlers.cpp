@@ -1,14 +1,11 @@
-// Each handler is a list of guarded steps: ask, show the hourglass, write or copy, take the hourglass back.
-// A press while an operation is under way is ignored, for it would change the table that is being read.
 #include "output/output_handlers.h"
 
 #include "output/aligned_text.h"
 #include "output/clipboard_text.h"
 #include "output/comma_delimited_text.h"
-#include "output/export_steps.h"
-#include "output/listview_table.h"
+#include "output/row_export.h"
+#include "platform/busy_scope.h"
 #include "platform/error_report.h"
-#include "platform/files.h"
 
 #include <cstddef>
 #include <string>
@@ -23,63 +20,46 @@ constexpr std::u16string_view copiedMessage =
     u"Results have been copied to the clipboard.\r\r"
     u"Click a text area where you normally type and press Ctrl+V to paste the clipboard.";
 
-bool isBusy(const UserInterface& user) {
-    return user.pointer() == PointerShape::hourglass;
-}
-
-/// The path to write to; empty when the user cancelled or keeps the file that is there.
-std::u16string pathToWrite(UserInterface& user) {
-    std::u16string path = user.chooseFileToSave(saveDialog);
-    if (!path.empty() && FileExists(path) && !user.askYesNo(overwriteQuestion(path)))
-        path.clear();
-    return path;
-}
-
 } // namespace
 
+// "Save Results As Text File"
 void OutputHandlers::PushButton6_Click() {
-    if (isBusy(user_))
-        return;
-    const Guard guard(user_, u"Form1.PushButton6_Click");
-    std::u16string path;
-    guard([&] { path = pathToWrite(user_); });
-    if (path.empty())
-        return;
-    guard([&] { user_.setPointer(PointerShape::hourglass); });
-    guard([&] { SaveListviewProperlySpaced(user_, ResultsListview(table_), path, nullptr); });
-    guard([&] { user_.setPointer(PointerShape::standard); });
+    save(u"Form1.PushButton6_Click", SaveListviewProperlySpaced);
 }
 
+// "Save As Comma Delimited"
 void OutputHandlers::PushButton12_Click() {
-    if (isBusy(user_))
-        return;
-    const Guard guard(user_, u"Form1.PushButton12_Click");
-    std::u16string path;
-    guard([&] { path = pathToWrite(user_); });
-    if (path.empty())
-        return;
-    guard([&] { user_.setPointer(PointerShape::hourglass); });
-    guard([&] { SaveListviewAsCommaDelimToFile(user_, ResultsListview(table_), path, nullptr); });
-    guard([&] { user_.setPointer(PointerShape::standard); });
+    save(u"Form1.PushButton12_Click", SaveListviewAsCommaDelimToFile);
 }
 
+// "Copy Results To Clipboard"
 void OutputHandlers::PushButton11_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton11_Click");
     std::size_t rows = 0;
-    guard([&] { user_.setPointer(PointerShape::hourglass); });
+    BusyScope busy(user_, guard);
     const bool isCopied = guard([&] { rows = CopyListviewToClipboard(user_, ResultsListview(table_)); });
-    guard([&] { user_.setPointer(PointerShape::standard); });
-    guard([&] { user_.endProgress(isCopied ? rowsDone(rows, u"copied") : u"Nothing was copied"); });
+    busy.end(
+        [&]() -> std::u16string { return isCopied ? rowsDone(rows, u"copied") : u"Nothing was copied"; });
     guard([&] { user_.showMessage(copiedMessage); });
 }
 
+// "Clear List"
 void OutputHandlers::PushButton9_Click() {
-    if (isBusy(user_))
-        return;
     const Guard guard(user_, u"Form1.PushButton9_Click");
     guard([&] { table_.clearRows(); });
+}
+
+/// Asks for the path, and whether to replace a file that exists, then writes.
+void OutputHandlers::save(std::u16string_view routine, Writer write) {
+    const Guard guard(user_, routine);
+    std::u16string path;
+    bool mayWrite = false;
+    guard([&] {
+        path = user_.chooseFileToSave(saveDialog);
+        mayWrite = !path.empty() && mayWriteTo(user_, path);
+    });
+    if (mayWrite)
+        guard([&] { write(user_, ResultsListview(table_), path, nullptr); });
 }
 
 } // namespace brindlewick

@@ -1,12 +1,16 @@
-// What the buttons under the results table do.
+// The handlers of the buttons under the results table.
 #pragma once
 
 #include "extract/results_table.h"
+#include "output/export_progress.h"
+#include "output/listview_table.h"
 #include "platform/user_interface.h"
+
+#include <string_view>
 
 namespace brindlewick {
 
-/// Each handler reports its own failures and goes on.
+/// Each handler reports its own failures and continues.
 class OutputHandlers {
 public:
     OutputHandlers(UserInterface& user, ResultsTable& table) noexcept : user_(user), table_(table) {}
@@ -14,9 +18,12 @@ public:
     void PushButton6_Click();  ///< "Save Results As Text File"
     void PushButton12_Click(); ///< "Save As Comma Delimited"
     void PushButton11_Click(); ///< "Copy Results To Clipboard"
-    void PushButton9_Click();  ///< "Clear List": the rows go, the columns stay
+    void PushButton9_Click();  ///< "Clear List": removes the rows, keeps the columns
 
 private:
+    using Writer = void (&)(UserInterface&, const ListviewTable&, std::u16string_view, ProgressIndicator*);
+    void save(std::u16string_view routine, Writer write);
+
     UserInterface& user_;
     ResultsTable& table_;
 };

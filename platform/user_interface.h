@@ -46,7 +46,9 @@ public:
     virtual std::u16string browseForFolder(std::u16string_view prompt, std::u16string_view startFolder) = 0;
 
     virtual void setPointer(PointerShape shape) = 0;
-    virtual PointerShape pointer() const = 0;
+
+    /// True while a long operation is under way, which is while a BusyScope of this user exists.
+    bool isBusy() const noexcept { return operations_ > 0; }
 
     /// Lets pending events be handled. Cheap enough to be called once a row: the implementation
     /// dispatches at most every few milliseconds.
@@ -62,6 +64,10 @@ public:
     virtual void setClipboardText(std::u16string_view text) = 0;
     /// Asks the desktop to show a folder. A desktop that cannot is not reported.
     virtual void openFolder(std::u16string_view folder) = 0;
+
+private:
+    friend class BusyScope;
+    int operations_ = 0; ///< under way; more than one when they nest
 };
 
 } // namespace brindlewick

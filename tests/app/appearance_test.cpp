@@ -3,6 +3,7 @@
 
 #include "app/cursor_picture.h"
 #include "app/pictures.h"
+#include "platform/busy_scope.h"
 #include "platform/failure.h"
 #include "support/failure_of.h"
 #include "support/fake_user.h"
@@ -210,7 +211,8 @@ TEST(HoverPointers, handOverButtonsArrowElsewhereHourglassUntouched) {
         step();
         EXPECT_EQ(user.pointer(), pointer);
     }
-    user.setPointer(PointerShape::hourglass);
+    const Guard guard(user, u"");
+    const BusyScope busy(user, guard);
     for (const auto& [step, pointer] : steps) {
         step();
         EXPECT_EQ(user.pointer(), PointerShape::hourglass);

@@ -1,6 +1,7 @@
 #include "app/application_title.h"
 #include "app/main_window_fixture.h"
 #include "app/qt_text.h"
+#include "platform/busy_scope.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -91,7 +92,7 @@ TEST_F(MainWindow, RunsFromItsButtonOnARealFile) {
     ASSERT_EQ(model->rowCount(), 1);
     ASSERT_EQ(model->columnCount(), 2);
     EXPECT_EQ(model->index(0, 1).data().toString().toStdString(), "name :Bo ");
-    EXPECT_EQ(window->user().pointer(), PointerShape::standard);
+    EXPECT_FALSE(window->user().isBusy());
     window->controls().PushButton9->click();
     EXPECT_EQ(model->rowCount(), 0);
     EXPECT_EQ(model->columnCount(), 2);
@@ -101,15 +102,17 @@ TEST_F(MainWindow, IgnoresButtonsWhileAnOperationIsUnderWay) {
     const auto window = open();
     window->tags().append(u"x");
     window->inputFiles().append(u"y");
-    window->user().setPointer(PointerShape::hourglass);
-    const auto messages = messagesOf([&] {
-        for (QPushButton* button : window->findChildren<QPushButton*>())
-            button->click();
-    });
-    EXPECT_EQ(messages.size(), 2U); // help, and what the modes are: they change nothing
-    EXPECT_EQ(window->tags().size(), 1U);
-    EXPECT_EQ(window->inputFiles().size(), 1U);
-    window->user().setPointer(PointerShape::standard);
+    {
+        const Guard guard(window->user(), u"");
+        const BusyScope busy(window->user(), guard);
+        const auto messages = messagesOf([&] {
+            for (QPushButton* button : window->findChildren<QPushButton*>())
+                button->click();
+        });
+        EXPECT_EQ(messages.size(), 2U); // help, and what the modes are: they change nothing
+        EXPECT_EQ(window->tags().size(), 1U);
+        EXPECT_EQ(window->inputFiles().size(), 1U);
+    }
     window->controls().PushButton10->click();
     EXPECT_EQ(window->tags().size(), 0U);
 }

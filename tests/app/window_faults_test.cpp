@@ -107,7 +107,7 @@ TEST_F(WindowFaults, ClosesInTheMiddleOfEveryLongOperation) {
             EXPECT_EQ(settings.GetSetting(u"Tags", u""), u"name||MySeparator12||") << name;
         };
         window->user().setBeforeDispatch([&] {
-            if (window->user().pointer() == PointerShape::hourglass && !std::exchange(isUnderWay, true))
+            if (window->user().isBusy() && !std::exchange(isUnderWay, true))
                 QMetaObject::invokeMethod(window.get(), closeNow, Qt::QueuedConnection);
         });
         QTest::qWait(120); // longer than events ever have to wait, so that the first look handles them

@@ -67,6 +67,7 @@ class CountingUser : public UserInterface {
 public:
     int errors = 0;
     int foreignErrors = 0; ///< reports of anything but memory
+    PointerShape pointer = PointerShape::standard;
 
     void showMessage(std::u16string_view) override {}
     void showApplicationError(std::u16string_view text) override {
@@ -78,16 +79,12 @@ public:
     std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
     std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
     std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }
-    void setPointer(PointerShape shape) override { pointer_ = shape; }
-    PointerShape pointer() const override { return pointer_; }
+    void setPointer(PointerShape shape) override { pointer = shape; }
     void yield() override {}
     void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
     void endProgress(std::u16string_view) override {}
     void setClipboardText(std::u16string_view) override {}
     void openFolder(std::u16string_view) override {}
-
-private:
-    PointerShape pointer_ = PointerShape::standard;
 };
 
 /// Does `operation` with the first allocation refused, then with the second, and so on, until it needs no
@@ -102,7 +99,8 @@ void refuseEveryAllocation(CountingUser& user, const std::function<void()>& oper
         operation();
         allocationsLeft = std::numeric_limits<std::size_t>::max();
         EXPECT_EQ(user.foreignErrors, 0) << place;
-        EXPECT_EQ(user.pointer(), PointerShape::standard) << place;
+        EXPECT_EQ(user.pointer, PointerShape::standard) << place;
+        EXPECT_FALSE(user.isBusy()) << place;
         after();
         if (!wasRefused || ::testing::Test::HasFailure())
             return;

@@ -2,6 +2,7 @@
 #include "lists/input_file_handlers.h"
 
 #include "lists/text_lists.h"
+#include "platform/busy_scope.h"
 #include "support/fake_settings.h"
 #include "support/fake_user.h"
 #include "support/own_separator.h"
@@ -114,7 +115,8 @@ TEST_F(InputFiles, ADropTakesFoldersAndFilesInItsOrder) {
     EXPECT_EQ(user.pointerShapes, (Shapes{PointerShape::hourglass, PointerShape::standard}));
     handlers.ListView1_OLEDragDrop({at("A/~f")}); // no scan
     files.clear();
-    user.setPointer(PointerShape::hourglass); // of an operation that is under way
+    const Guard guard(user, u"");
+    const BusyScope other(user, guard); // another operation: the pointer is its own
     handlers.ListView1_OLEDragDrop({at("B"), u"/b"});
     EXPECT_EQ(files.texts(), (Texts{at("B/f"), u"/b"})); // the collection belongs to one drop
     EXPECT_EQ(user.pointerShapes,
@@ -135,18 +137,15 @@ TEST_F(InputFiles, RowsAreRemoved) {
     EXPECT_TRUE(files.empty());
 }
 
-TEST_F(InputFiles, NothingHappensWhileAnOperationIsUnderWay) {
+TEST_F(InputFiles, RowsAreNotRemovedDuringAScan) {
     files.append(u"a");
-    user.setPointer(PointerShape::hourglass);
-    user.filesToOpen = {u"/b"};
+    folder.write("b.json", "");
     user.textAnswers = {u"json"};
-    handlers.PushButton1_Click();
+    user.folders = {folder.text()};
+    user.whenYielding = [&] { handlers.ListView1_DblClick(0); };
     handlers.PushButton5_Click();
-    handlers.PushButton16_Click();
-    handlers.PushButton14_Click();
-    handlers.ListView1_DblClick(0);
-    EXPECT_EQ(files.texts(), Texts{u"a"});
-    EXPECT_TRUE(user.messages.empty() && user.prompts.empty() && user.dialogTitles.empty());
+    EXPECT_EQ(files.texts(), (Texts{u"a", at("b.json")}));
+    EXPECT_FALSE(user.isBusy());
 }
 
 } // namespace

@@ -108,5 +108,15 @@ TEST(ClipboardTextOfAHostileTable, PadsNoLastColumnAndIsRefusedBeforeItIsBuilt) 
     EXPECT_TRUE(user.clipboardTexts.empty() && user.progressTexts.empty());
 }
 
+TEST(SelectedRows, AreCopiedTickedOrNot) {
+    FakeUser user;
+    PlainTable table({u"A", u"B"}, {{{u"a", u" x "}}, {{u"bb", u""}, false}, {{u"c", u"y"}}, {{u"d", u"z"}}});
+    CopyRowsToClipboard(user, table, {});
+    EXPECT_TRUE(user.clipboardTexts.empty());
+    const RowRange ranges[] = {{0, 1}, {3, 3}};
+    CopyRowsToClipboard(user, table, ranges);
+    EXPECT_THAT(user.clipboardTexts, ElementsAre(u"a\t x \r\nbb\t\r\nd\tz\r\n"));
+}
+
 } // namespace
 } // namespace brindlewick::testing

@@ -1,8 +1,8 @@
 // A table made of literals, a progress indicator that remembers, and tables larger than any list of literals.
 #pragma once
 
+#include "output/export_progress.h"
 #include "output/listview_table.h"
-#include "output/progress_indicator.h"
 
 #include <cstdint>
 #include <random>

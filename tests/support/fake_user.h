@@ -66,7 +66,7 @@ public:
         return next(folders);
     }
     void setPointer(PointerShape shape) override { pointerShapes.push_back(shape); }
-    PointerShape pointer() const override {
+    PointerShape pointer() const {
         return pointerShapes.empty() ? PointerShape::standard : pointerShapes.back();
     }
     void yield() override {

@@ -1,0 +1,88 @@
+#include "output/row_export.h"
+
+#include "platform/busy_scope.h"
+#include "platform/error_report.h"
+#include "platform/files.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace brindlewick {
+
+void RowFormat::measure(UserInterface&, const ListviewTable&) {}
+
+bool mayWriteTo(UserInterface& user, std::u16string_view path) {
+    return !FileExists(path) ||
+           user.askYesNo(std::u16string(u"Are you sure you wish to overwrite ").append(path).append(u" ?"));
+}
+
+void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_view path,
+                ProgressIndicator* indicator, RowFormat& format) {
+    const RowFormat::Rules rules = format.rules();
+    const Guard guard(user, rules.routine);
+    BusyScope busy(user, guard);
+    ExportProgress progress(user, u"Writing rows", indicator, path, rules.setsFinalValue);
+    bool hasFailed = false;
+    // A step that fails resets the indicator before it is reported.
+    const auto step = [&](const auto& action, std::uint_least32_t line = __builtin_LINE()) {
+        const auto resetWhenFailing = [&] {
+            try {
+                action();
+            } catch (...) {
+                progress.fail();
+                throw;
+            }
+        };
+        if (!guard(resetWhenFailing, line))
+            hasFailed = true;
+    };
+
+    bool mayWrite = !rules.asksBeforeReplacing;
+    step([&] { mayWrite = mayWrite || mayWriteTo(user, path); });
+    if (!mayWrite)
+        return;
+    step([&] { progress.begin(); });
+    step([&] { format.measure(user, table); });
+
+    std::optional<TextFileWriter> file;
+    step([&] { file.emplace(path); });
+    step([&] {
+        if (file)
+            format.writeHeader(*file, table);
+    });
+
+    const std::size_t rows = table.rowCount();
+    std::size_t written = 0;
+    for (std::size_t row = 0; row < rows; ++row) {
+        bool isTaken = false;
+        step([&] {
+            user.yield();
+            progress.showRow(row + 1, rows);
+            isTaken = rules.takesUntickedRows || (row < table.rowCount() && table.isChecked(row));
+        });
+        if (!isTaken)
+            continue;
+        if (rules.indicatesBeforeWriting)
+            step([&] { progress.indicateRow(row + 1, rows); });
+        step([&] {
+            if (!file || row >= table.rowCount()) // the table became shorter while events were handled
+                return;
+            format.writeRow(*file, table, row);
+            ++written;
+        });
+        if (!rules.indicatesBeforeWriting)
+            step([&] { progress.indicateRow(row + 1, rows); });
+    }
+
+    step([&] { progress.finish(); });
+    step([&] {
+        if (file)
+            file->close();
+    });
+    busy.end([&]() -> std::u16string {
+        return hasFailed ? u"Not all rows were written" : rowsDone(written, u"written");
+    });
+}
+
+} // namespace brindlewick
