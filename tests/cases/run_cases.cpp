@@ -1,0 +1,269 @@
+// Runs the cases of the files that are named on the command line. README.md describes their format.
+#include "cases/case_file.h"
+
+#include "core/fragment_line_reader.h"
+#include "core/json_parser.h"
+#include "core/json_serialiser.h"
+#include "core/text_file_reader.h"
+#include "extract/extraction_run.h"
+#include "lists/folder_rules.h"
+#include "lists/list_file.h"
+#include "lists/path_cleanup.h"
+#include "lists/selection.h"
+#include "platform/text_encoding.h"
+#include "support/fake_settings.h"
+#include "support/fake_user.h"
+#include "support/own_separator.h"
+#include "support/temporary_folder.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <memory>
+#include <sstream>
+
+namespace brindlewick::testing {
+namespace {
+
+Texts caseFiles;
+
+Texts asUtf8(const std::vector<std::u16string>& texts) {
+    Texts all;
+    for (const std::u16string& text : texts)
+        all.push_back(toUtf8(text));
+    return all;
+}
+
+/// What was read from a text, fragment by fragment.
+struct Reading {
+    Texts lines;
+    std::vector<std::int32_t> ends; ///< the position after each fragment
+    Texts problems;                 ///< the parser's error text of each call, the last one included
+};
+
+Reading readAsValues(std::u16string_view text) {
+    Reading reading;
+    JsonParser parser;
+    std::int32_t position = 1;
+    for (;;) {
+        const std::optional<JsonValue> fragment = parser.parse(text, position);
+        reading.problems.push_back(toUtf8(parser.parserErrors()));
+        if (!fragment)
+            return reading;
+        reading.lines.push_back(toUtf8(serialize(*fragment)));
+        reading.ends.push_back(position);
+    }
+}
+
+Reading readAsLines(std::u16string_view text) {
+    Reading reading;
+    FragmentLineReader reader;
+    std::int32_t position = 1;
+    while (reader.next(text, position) == FragmentReading::line) {
+        reading.lines.push_back(toUtf8(reader.line()));
+        reading.ends.push_back(position);
+    }
+    return reading;
+}
+
+/// The lists and options of a run, and what the user saw of it.
+struct Run {
+    TemporaryFolder folder;
+    std::vector<std::u16string> paths;
+    std::vector<std::u16string> tags;
+    Texts reports; ///< the descriptions of what was reported by the run before
+
+    void add(std::string_view bytes) {
+        paths.push_back(folder.write(std::to_string(paths.size()) + ".json", bytes));
+    }
+    /// The rows; with file names, the file's number stands in place of its path.
+    Texts rows(int mode, bool withFileNames = false) {
+        FakeUser user;
+        FakeSettings settings;
+        ExtractionOptions options(settings);
+        options.chooseMode(static_cast<ExtractionMode>(mode));
+        options.setIncludeFilename(withFileNames);
+        ResultsTable table;
+        ExtractionRun(user, options, paths, tags, table).PushButton7_Click();
+
+        EXPECT_EQ(user.messages, std::vector<std::u16string>{u"Done."});
+        EXPECT_EQ(user.pointerShapes, (std::vector{PointerShape::hourglass, PointerShape::standard}));
+        EXPECT_EQ(table.columns().size(), withFileNames ? 2U : 1U);
+        reports.clear();
+        for (const std::string& report : asUtf8(user.errors)) {
+            const auto [description, where] = cutAt(report, "\r\n");
+            EXPECT_TRUE(where.starts_with("in Corvane2021/08/31.Form1.PushButton7_Click at line ")) << where;
+            reports.push_back(description);
+        }
+        Texts rows;
+        for (std::size_t row = 0; row < table.rowCount(); ++row) {
+            std::string text = toUtf8(table.cell(row, 0));
+            if (withFileNames) {
+                const auto file = std::find(paths.begin(), paths.end(), table.cell(row, 0));
+                text = "file " + std::to_string(file - paths.begin() + 1) + ": " + toUtf8(table.cell(row, 1));
+            }
+            rows.push_back(text);
+        }
+        return rows;
+    }
+};
+
+/// Both readers, and the program as a whole: mode 3 gives the lines as rows.
+void checkFragments(const CaseLine& line) {
+    auto [lines, rest] = cutAt(line.outcome, " !");
+    Texts problems(cells(lines).size(), "");
+    problems.push_back("Invalid JSON");
+    while (!rest.empty()) { // "2 |error line|error line| !3 |error line|"
+        const auto [number, other] = cutAt(rest, " ");
+        const auto [errors, more] = cutAt(other, " !");
+        for (const std::string& error : cells(errors))
+            problems.at(std::stoul(number) - 1) += error + "\r\n";
+        rest = more;
+    }
+    const std::u16string text = fromUtf8(line.input);
+    const Reading values = readAsValues(text);
+    const Reading direct = readAsLines(text);
+    EXPECT_EQ(values.lines, cells(lines));
+    EXPECT_EQ(values.problems, problems);
+    EXPECT_EQ(direct.lines, cells(lines));
+    EXPECT_EQ(direct.ends, values.ends);
+    Run run;
+    run.tags = {u""};
+    run.add("\xEF\xBB\xBF" + line.input);
+    EXPECT_EQ(run.rows(3), cells(lines));
+}
+
+void checkWalker(const CaseLine& line) {
+    const auto [before, after] = cutAt(line.outcome, ", after an array ");
+    Run run;
+    run.tags = {u""};
+    run.add(line.input);
+    EXPECT_EQ(run.rows(1), cells(before));
+    run.paths.clear();
+    run.add("[]");
+    run.add(line.input);
+    Texts expected = cells(after.empty() ? before : after);
+    expected.insert(expected.begin(), ": "); // the row of "[]"
+    EXPECT_EQ(run.rows(1), expected);
+}
+
+/// A run's case goes over several lines; this holds it from its "case" line on.
+class RunCase {
+public:
+    void take(const CaseLine& line) {
+        const auto [word, rest] = cutAt(line.input, " ");
+        if (word == "case") {
+            run_ = std::make_unique<Run>();
+            reports_.clear();
+        } else if (word == "tags") {
+            for (const std::string& tag : cells(rest))
+                run_->tags.push_back(fromUtf8(tag));
+        } else if (word == "file") {
+            run_->add(rest);
+        } else if (line.input == "missing file") {
+            run_->paths.push_back(run_->folder.text("missing.json"));
+        } else if (line.input == "folder as file") {
+            run_->paths.push_back(run_->folder.text());
+        } else if (word == "reports") {
+            reports_ = cells(rest);
+        } else if (word == "mode") {
+            const std::string modes = cutAt(rest, " with file names").first;
+            for (const char mode : modes)
+                if (mode != ' ') {
+                    EXPECT_EQ(run_->rows(mode - '0', modes != rest), cells(line.outcome)) << "mode " << mode;
+                    EXPECT_EQ(run_->reports, reports_) << "mode " << mode;
+                }
+        } else {
+            ADD_FAILURE() << "what does \"" << line.input << "\" mean?";
+        }
+    }
+
+private:
+    std::unique_ptr<Run> run_ = std::make_unique<Run>();
+    Texts reports_;
+};
+
+Texts entriesOfListFile(const std::string& bytes) {
+    const TemporaryFolder folder;
+    FakeUser user;
+    TextList list;
+    ReadListFile(user, folder.write("list.txt", bytes), list);
+    return asUtf8(list.texts());
+}
+
+/// Whether all the numbers, each a file's or folder's attributes, pass the rule, or none does.
+Texts verdict(const std::string& numbers, const std::function<bool(unsigned)>& rule) {
+    Texts all;
+    std::istringstream stream(numbers);
+    for (unsigned attributes = 0; stream >> attributes;)
+        all.emplace_back(rule(attributes) ? "taken" : "left out");
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+    return all;
+}
+
+/// The sections in which a case is an input and the texts that it gives.
+const std::map<std::string, std::function<Texts(const std::string&)>> plainSections = {
+    {"pieces",
+     [](const std::string& bytes) {
+         const TemporaryFolder folder;
+         return asUtf8(ReadFileToPieces(folder.write("file", bytes)));
+     }},
+    {"list file", entriesOfListFile},
+    {"doubled backslashes",
+     [](const std::string& path) { return Texts{toUtf8(CollapseDoubledBackslashes(fromUtf8(path)))}; }},
+    {"selection",
+     [](const std::string& selection) {
+         Texts paths;
+         for (const std::u16string& path : pathsOfSelection(own(fromUtf8(selection))))
+             paths.push_back(shownPath(path));
+         return paths;
+     }},
+    {"folder name",
+     [](const std::string& name) {
+         return Texts{isAcceptedFolderName(fromUtf8(name)) ? "taken" : "left out"};
+     }},
+    {"folder attributes",
+     [](const std::string& numbers) {
+         return verdict(numbers, [](unsigned attributes) { return attributesLetWalk(attributes, false); });
+     }},
+    {"attributes of a root",
+     [](const std::string& numbers) {
+         return verdict(numbers, [](unsigned attributes) { return attributesLetWalk(attributes, true); });
+     }},
+    {"file attributes",
+     [](const std::string& numbers) {
+         return verdict(numbers, [](unsigned attributes) { return isAcceptedFile({true, attributes}); });
+     }},
+    {"is a root",
+     [](const std::string& folder) { return Texts{isRootFolder(fromUtf8(folder)) ? "yes" : "no"}; }},
+};
+
+TEST(Cases, HaveTheirOutcomes) {
+    ASSERT_FALSE(caseFiles.empty()) << "name the case files to run";
+    for (const std::string& file : caseFiles) {
+        RunCase run;
+        for (const CaseLine& line : readCases(file)) {
+            SCOPED_TRACE(line.place);
+            const auto plain = plainSections.find(line.section);
+            if (plain != plainSections.end())
+                EXPECT_EQ(plain->second(line.input), cells(line.outcome));
+            else if (line.section == "fragments")
+                checkFragments(line);
+            else if (line.section == "walker")
+                checkWalker(line);
+            else if (line.section == "run")
+                run.take(line);
+            else
+                ADD_FAILURE() << "no section \"" << line.section << "\"";
+        }
+    }
+}
+
+} // namespace
+} // namespace brindlewick::testing
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    brindlewick::testing::caseFiles.assign(argv + 1, argv + argc);
+    return RUN_ALL_TESTS();
+}
