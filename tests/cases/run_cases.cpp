@@ -108,6 +108,9 @@ struct Run {
     }
 };
 
+/// Text after a case; fragments that end far from the text's end are read in whole blocks.
+const std::u16string farEnd = u"\n" + std::u16string(600, u' ') + u"[\"the end\"]\n";
+
 /// Both readers, and the program as a whole: mode 3 gives the lines as rows.
 void checkFragments(const CaseLine& line) {
     auto [lines, rest] = cutAt(line.outcome, " !");
@@ -127,6 +130,7 @@ void checkFragments(const CaseLine& line) {
     EXPECT_EQ(values.problems, problems);
     EXPECT_EQ(direct.lines, cells(lines));
     EXPECT_EQ(direct.ends, values.ends);
+    EXPECT_EQ(readAsLines(text + farEnd).lines, readAsValues(text + farEnd).lines);
     Run run;
     run.tags = {u""};
     run.add("\xEF\xBB\xBF" + line.input);

@@ -1,3 +1,4 @@
+// What a run does about changes while it goes on; its rows are in cases/*.cases.
 #include "extract/extraction_run.h"
 
 #include "platform/text_encoding.h"
@@ -52,95 +53,12 @@ TEST_F(Run, WithoutFilesLeavesTheTableAsItWas) {
     EXPECT_TRUE(user.pointerShapes.empty());
 }
 
-TEST_F(Run, GivesARowForEveryFragmentAndMatchingTag) {
-    add(R"({"id":1,"name":"Bo","other":{"Name":"x"}})"
-        "\n");
-    tags = {u"name", u"NAME", u"zzz"};
-    EXPECT_EQ(extract(ExtractionMode::valueAndTag),
-              (Rows{"name :Bo ", "name :Bo ", "other Name :x ", "other Name :x "}));
-    EXPECT_EQ(extract(ExtractionMode::valueWithoutTag), (Rows{"Bo ", "Bo ", "x ", "x "}));
-    EXPECT_EQ(extract(ExtractionMode::none), (Rows{"Bo ", "Bo ", "x ", "x "}));
-    EXPECT_EQ(extract(ExtractionMode::entireLine),
-              (Rows{R"({"name":"Bo"})", R"({"name":"Bo"})", R"({"other":{"Name":"x"}})",
-                    R"({"other":{"Name":"x"}})"}));
-    EXPECT_EQ(extract(ExtractionMode::all), (Rows{"id name other Name ", "1 Bo x "}));
-    EXPECT_TRUE(user.errors.empty());
-    EXPECT_EQ(user.messages.back(), u"Done.");
-    EXPECT_EQ(
-        user.pointerShapes,
-        (std::vector<PointerShape>{PointerShape::hourglass, PointerShape::standard, PointerShape::hourglass,
-                                   PointerShape::standard, PointerShape::hourglass, PointerShape::standard,
-                                   PointerShape::hourglass, PointerShape::standard, PointerShape::hourglass,
-                                   PointerShape::standard}));
-}
-
-TEST_F(Run, TakesTheFirstTagsPassOverTheFirstArrayAsBeforeIt) {
-    add(R"({"a":1 "b":[2]} )");
-    add(R"({"b":1} )");
-    tags = {u"b", u"a", u"zzz", u"B"};
-    EXPECT_EQ(
-        extract(
-            ExtractionMode::valueWithoutTag), // none of the second file: after an array a lone value is lost
-        (Rows{"1,b 2 ", "1 b 2 ", "1 b 2 "}));
-}
-
-TEST_F(Run, PutsTheFileNameInTheFirstColumn) {
-    add(R"({"a":"x"} )");
-    tags = {u""};
-    EXPECT_EQ(extract(ExtractionMode::valueAndTag, true), Rows{toUtf8(paths[0]) + "|a :x "});
-    EXPECT_EQ(extract(ExtractionMode::all, true), (Rows{toUtf8(paths[0]) + "|a ", toUtf8(paths[0]) + "|x "}));
-}
-
 TEST_F(Run, ReadsTheFlagForEveryRow) {
     add(R"({"a":"x"} )");
     add(R"({"b":"y"} )");
     tags = {u""};
     user.whenYielding = [this] { options.setIncludeFilename(table.rowCount() > 0); };
     EXPECT_EQ(extract(ExtractionMode::valueWithoutTag, true), (Rows{"x |", toUtf8(paths[1]) + "|y "}));
-}
-
-TEST_F(Run, GivesTwoRowsAFileInMode4FromItsLastPiece) {
-    add(R"({"a":1})" + std::string(65536, ' ') + R"({"b":2} )");
-    add("");
-    add("no JSON at all");
-    tags = {u"anything"};
-    EXPECT_EQ(extract(ExtractionMode::all), (Rows{"b ", "2 ", "oJSONatall ", " "}));
-}
-
-TEST_F(Run, ReportsAMissingFirstTagOnceInMode4) {
-    add(R"({"a":1,"b":2} )");
-    add(R"({"c":3} )");
-    EXPECT_EQ(extract(ExtractionMode::all), (Rows{"a b ", "1 2 ", "c ", "3 "}));
-    ASSERT_EQ(user.errors.size(), 1U);
-    EXPECT_TRUE(user.errors[0].starts_with(
-        u"Subscript out of range\r\nin Corvane2021/08/31.Form1.PushButton7_Click at line "));
-    EXPECT_TRUE(extract(ExtractionMode::entireLine).empty()); // no tag, no pass, no failure
-    EXPECT_EQ(user.errors.size(), 1U);
-}
-
-TEST_F(Run, ReportsABadFileOnceAndGoesOn) {
-    paths = {folder.text("missing.json"), folder.text()};
-    add(R"({"a":1} )");
-    tags = {u"a"};
-    for (const ExtractionMode mode : {ExtractionMode::valueWithoutTag, ExtractionMode::all}) {
-        user.errors.clear();
-        EXPECT_EQ(extract(mode).back(), "1 ");
-        ASSERT_EQ(user.errors.size(), 2U);
-        EXPECT_TRUE(user.errors[0].starts_with(u"File not found\r\n"));
-        EXPECT_TRUE(user.errors[1].starts_with(u"Permission denied\r\n"));
-        EXPECT_EQ(user.messages.back(), u"Done.");
-    }
-}
-
-TEST_F(Run, ReportsAFragmentThatGrowsTooLargeAndGoesOn) {
-    std::string hostile;
-    for (int level = 0; level < 50000; ++level)
-        hostile += "{x";
-    add("\xEF\xBB\xBF{\"a\":\"" + hostile + R"(","b":2} )");
-    tags = {u"a", u"b"};
-    EXPECT_EQ(extract(ExtractionMode::valueAndTag), Rows{"b :2 "});
-    ASSERT_EQ(user.errors.size(), 1U);
-    EXPECT_TRUE(user.errors[0].starts_with(u"Out of memory\r\n"));
 }
 
 TEST_F(Run, LetsEventsThroughInsideALongFragment) {

@@ -1,8 +1,6 @@
-// The rules on names and attributes, and scans of real folder trees: the order, what is passed over, and
-// folders that come up more than once.
+// Scans of real folder trees: the order, what is passed over, and folders that come up more than once.
 #include "lists/folder_scanner.h"
 
-#include "lists/folder_rules.h"
 #include "lists/scanned_tree.h"
 
 #include <gtest/gtest.h>
@@ -15,41 +13,6 @@ using testing::names;
 using testing::Names;
 using testing::Scan;
 using testing::Tree;
-
-TEST(FolderRules, TakeShortNamesOfTheCharacterSetAlone) {
-    for (const std::u16string_view good : {u"reports 2021", u"...", u".hidden", u"~temporary", u"\x7E",
-                                           u"\u00A0", u"Gr\u00FC\u00DFe", u"\u00FF"})
-        EXPECT_TRUE(isAcceptedFolderName(good));
-    // Among them bytes 127 and 159, a euro sign (128), a dash (150), what the set lacks, and no valid text.
-    const char16_t badUnits[] = {u'?',      u'\x1F',   u'\t',     u'\x7F',   u'\u0081', u'\u20AC',
-                                 u'\u2013', u'\u0178', u'\u0100', u'\u65E5', u'\xD83D', u'\xDC80'};
-    for (const char16_t bad : badUnits)
-        EXPECT_FALSE(isAcceptedFolderName(std::u16string{u'x', bad})) << static_cast<unsigned>(bad);
-    for (const std::u16string_view dots : {u".", u".."})
-        EXPECT_FALSE(isAcceptedFolderName(dots));
-    EXPECT_TRUE(isAcceptedFolderName(std::u16string(259, u'a')));
-    EXPECT_FALSE(isAcceptedFolderName(std::u16string(260, u'a')));
-}
-
-TEST(FolderRules, WalkAllButJunctionsAndProtectedFoldersBelowARoot) {
-    for (const unsigned walked : {16u, 18u, 20u, 23u, 1040u})
-        EXPECT_TRUE(attributesLetWalk(walked, false)) << walked;
-    for (const unsigned refused : {22u, 1046u}) {
-        EXPECT_FALSE(attributesLetWalk(refused, false)) << refused;
-        EXPECT_TRUE(attributesLetWalk(refused, true)) << refused;
-    }
-    EXPECT_TRUE(isRootFolder(u"/"));
-    for (const std::u16string_view other : {u"", u"/a", u"/a/", u"a/"})
-        EXPECT_FALSE(isRootFolder(other));
-}
-
-TEST(FolderRules, TakeFilesButHiddenOnesWaitingForTheirBackUp) {
-    for (const unsigned taken : {0u, 2u, 32u, 33u, 35u})
-        EXPECT_TRUE(isAcceptedFile({true, taken})) << taken;
-    for (const unsigned refused : {34u, 16u, 1046u})
-        EXPECT_FALSE(isAcceptedFile({true, refused})) << refused;
-    EXPECT_FALSE(isAcceptedFile({false, 0}));
-}
 
 TEST(Scan, ListsTheFilesOfATree) {
     const char* const twoTrees = "A/f A/x/f A/x/y/f B/f B/z/f";

@@ -1,0 +1,115 @@
+// What cases/*.cases cannot hold: deep nesting, many keys, members of every length, values that no text
+// gives.
+#include "core/decimal_number.h"
+#include "core/fragment_line_reader.h"
+#include "core/json_parser.h"
+#include "core/json_serialiser.h"
+#include "core/text_file_reader.h"
+#include "platform/text_encoding.h"
+#include "support/failure_of.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace brindlewick {
+namespace {
+
+/// The lines and positions of both readers are the same. Returns the first line.
+std::u16string firstLineOfBoth(const std::u16string& text) {
+    JsonParser parser;
+    FragmentLineReader reader;
+    std::u16string first;
+    std::int32_t valuePosition = 1;
+    std::int32_t linePosition = 1;
+    while (const std::optional<JsonValue> fragment = parser.parse(text, valuePosition)) {
+        EXPECT_EQ(reader.next(text, linePosition), FragmentReading::line) << toUtf8(text);
+        EXPECT_EQ(linePosition, valuePosition) << toUtf8(text);
+        const std::u16string line = serialize(*fragment);
+        EXPECT_EQ(toUtf8(reader.line()), toUtf8(line)) << toUtf8(text);
+        if (::testing::Test::HasFailure())
+            return {};
+        if (first.empty())
+            first = line;
+    }
+    EXPECT_EQ(reader.next(text, linePosition), FragmentReading::end) << toUtf8(text);
+    return first;
+}
+
+TEST(Readers, AgreeOnMembersOfEveryLength) {
+    // Members far from the text's end are read by whole blocks, those near it unit by unit.
+    const std::u16string farEnd = u"\n" + std::u16string(600, u' ') + u"[\"the end\"]\n";
+    for (std::size_t length = 0; length < 600 && !HasFailure(); ++length)
+        for (const std::u16string_view pattern :
+             {u"{\"K\":\"\"}", u"{\"\":\"V\",", u"{\"K\":12}", u",\"k\": \"V/\"}", u"{ {\"K\" :'V'}",
+              u"{\"k\":nullV,", u"{\"k\":\"V\u00E9\"}", u"{\"k\":\"V\\n\"}", u"{\"Kx:y\":true}"}) {
+            std::u16string text(pattern);
+            if (const std::size_t at = text.find_first_of(u"KV"); at != text.npos)
+                text.replace(at, 1, std::u16string(length, u'x'));
+            firstLineOfBoth(text);
+            firstLineOfBoth(text + farEnd);
+        }
+}
+
+TEST(Readers, ReadAThousandLevelsExactlyAndGoOnAfterMore) {
+    const std::u16string nested = std::u16string(1000, u'[') + u"1" + std::u16string(1000, u']');
+    EXPECT_EQ(firstLineOfBoth(nested), nested);
+    for (const char16_t bracket : {u'[', u'{'})
+        firstLineOfBoth(std::u16string(3000, bracket));
+
+    const std::size_t depth = 200000;
+    const std::u16string text(depth, u'[');
+    EXPECT_EQ(firstLineOfBoth(text).size(), (depth - 1023) * 3 - 1 + 1023 * 2);
+    JsonParser parser;
+    std::int32_t position = 1;
+    ASSERT_TRUE(parser.parse(text, position));
+    EXPECT_NE(parser.parserErrors().find(u"Out of stack space: [[[["), std::u16string::npos);
+}
+
+TEST(Readers, FindADuplicateAmongManyKeys) {
+    std::u16string text = u"{";
+    for (int key = 0; key < 50000; ++key)
+        text += fromUtf8("\"k" + std::to_string(key) + "\":1 ");
+    EXPECT_EQ(firstLineOfBoth(text + u"\"k49999\":2}").size(),
+              50000 * 4 + 10 + 90 * 2 + 900 * 3 + 9000 * 4 + 40000 * 5 + 50000 * 2 + 1);
+}
+
+TEST(TextFileReader, FailsOnWhatIsNoReadableFile) {
+    const testing::TemporaryFolder folder;
+    const auto failureOfReading = [](std::u16string_view path) {
+        return testing::failureOf([&] { ReadFileToPieces(path); });
+    };
+    EXPECT_EQ(failureOfReading(folder.text("missing")), FailureNumber::fileNotFound);
+    EXPECT_EQ(failureOfReading(folder.text("no folder/file")), FailureNumber::pathNotFound);
+    EXPECT_EQ(failureOfReading(folder.text()), FailureNumber::permissionDenied);
+}
+
+TEST(Serialize, WritesAMissingArrayAsNothing) {
+    auto object = std::make_shared<JsonObject>();
+    EXPECT_TRUE(object->add(u"a", std::shared_ptr<JsonArray>()));
+    EXPECT_EQ(serialize(object), u"{\"a\":}");
+}
+
+TEST(SerializeNativeArray, FindsSingleDigitIndexesOfOneDimensionAlone) {
+    const auto textOf = [](NativeArray array, std::size_t elements) {
+        for (std::size_t element = 0; element < elements; ++element)
+            array.elements.emplace_back(std::u16string(1, static_cast<char16_t>(u'a' + element)));
+        std::u16string path;
+        return toUtf8(serializeNativeArray(array, 1, u"", path));
+    };
+    EXPECT_EQ(textOf({{{0, 2}}, {}}, 3), R"(["a","b","c"])");
+    EXPECT_EQ(textOf({{{8, 11}}, {}}, 4), R"(["a","b",,])");
+    EXPECT_EQ(textOf({{{-1, 1}}, {}}, 3), R"([,"b","c"])");
+    EXPECT_EQ(textOf({{{0, 1}, {0, 1}}, {}}, 4), "[[,],[,]]");
+    EXPECT_EQ(textOf({{{0, -1}}, {}}, 0), "[]");
+}
+
+TEST(DecimalAsInteger, RoundsHalfToEvenAndChecksTheRange) {
+    EXPECT_EQ(decimalAsInteger(u"2.5"), 2);
+    EXPECT_EQ(decimalAsInteger(u"3.5"), 4);
+    EXPECT_EQ(decimalAsInteger(u"-2147483648"), -2147483647 - 1);
+    EXPECT_THROW(decimalAsInteger(u"2147483647.5"), Failure);
+    EXPECT_THROW(decimalAsInteger(u"one"), Failure);
+}
+
+} // namespace
+} // namespace brindlewick
