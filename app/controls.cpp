@@ -7,14 +7,14 @@
 #include <QSplitter>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <vector>
 
 namespace brindlewick {
 
 namespace {
 
 constexpr const char* inputHint = "Drag and drop files here. Double-click item to remove it. Move | line to "
-                                  "right and out of window to reveal "
-                                  "full names.";
+                                  "right and out of window to reveal full names.";
 constexpr const char* listHint = "Move | line to right and out of window to reveal full names.";
 
 template <class Control>
@@ -28,7 +28,16 @@ Control* captioned(const char* name, const char* caption) {
     return named(new Control(QString::fromLatin1(caption)), name);
 }
 
-/// A list with its buttons in a column beside it, and perhaps a label above.
+PerMode<QRadioButton*> makeOptions() {
+    PerMode<QRadioButton*> options;
+    for (std::size_t place = 0; place < options.size(); ++place) {
+        options[place] = new QRadioButton(toQString(extractionModes[place].caption));
+        options[place]->setObjectName(toQString(extractionModes[place].control));
+    }
+    return options;
+}
+
+/// The list with its buttons in a column on its right. `label` goes above the list; nullptr for none.
 QWidget* listWithButtons(QWidget* label, QWidget* list, std::initializer_list<QPushButton*> buttons) {
     auto* panel = new QWidget;
     auto* grid = new QGridLayout(panel);
@@ -50,11 +59,7 @@ QWidget* listWithButtons(QWidget* label, QWidget* list, std::initializer_list<QP
 } // namespace
 
 Controls::Controls(TextList& inputFiles, ResultsModel& results)
-    : Frame1(captioned<QGroupBox>("Frame1", "Extract Options")),
-      Option4(captioned<QRadioButton>("Option4", "Extract all")),
-      Option1(captioned<QRadioButton>("Option1", "Extract value and tag")),
-      Option2(captioned<QRadioButton>("Option2", "Extract value without tag")),
-      Option3(captioned<QRadioButton>("Option3", "Extract entire line containing tag")),
+    : Frame1(captioned<QGroupBox>("Frame1", "Extract Options")), Options(makeOptions()),
       PushButton15(captioned<CaptionButton>("PushButton15", "")),
       Frame2(captioned<QGroupBox>("Frame2", "Include Option")),
       Check1(captioned<QCheckBox>("Check1", "Include filename in extraction results")),
@@ -77,26 +82,25 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
       PushButton8(captioned<CaptionButton>("PushButton8", "Delete Selected Tag")),
       PushButton10(captioned<CaptionButton>("PushButton10", "\nClear List")),
       Label1(captioned<QLabel>("Label1", "Enter tag without < or / or > :")) {
-    Option1->setChecked(true);
+    Options.front()->setChecked(true);
     Label1->setTextFormat(Qt::PlainText);
     ListView1->setHint(QString::fromLatin1(inputHint));
     ListView2->setHint(QString::fromLatin1(listHint));
     ListView3->setHint(QString::fromLatin1(listHint));
-    // Drawn, not the style's icon: looking for that one in the desktop's themes takes as long as the rest of
-    // the window's start.
+    // A drawn character: finding the style's icon in the desktop's themes would double the start-up time.
     PushButton15->setSign(QStringLiteral("?"));
     PushButton7->makePrimary();
     nameForAssistiveTools();
 }
 
-std::array<std::u16string, 4> Controls::optionCaptions() const {
-    std::array<std::u16string, 4> captions;
-    for (std::size_t mode = 0; mode < captions.size(); ++mode)
-        captions[mode] = fromQString(options()[mode]->text());
+PerMode<std::u16string> Controls::optionCaptions() const {
+    PerMode<std::u16string> captions;
+    for (std::size_t place = 0; place < captions.size(); ++place)
+        captions[place] = fromQString(Options[place]->text());
     return captions;
 }
 
-/// What a picture or a neighbour tells those who see has to be said to those who do not.
+/// Accessible names for controls whose purpose is only visible.
 void Controls::nameForAssistiveTools() {
     const std::pair<QWidget*, const char*> names[] = {
         {ListView1, "JSON files"},
@@ -127,11 +131,12 @@ void Controls::layOut(QWidget& window) {
     lists->setStretchFactor(1, 2);
 
     auto* const modes = new QGridLayout(Frame1);
-    modes->addWidget(Option1, 0, 0);
-    modes->addWidget(Option2, 1, 0);
-    modes->addWidget(Option3, 0, 1);
-    modes->addWidget(Option4, 1, 1);
-    modes->addWidget(PushButton15, 0, 2, 2, 1, Qt::AlignVCenter);
+    constexpr int modeRows = static_cast<int>(extractionModes.size() + 1) / 2;
+    for (int place = 0; QRadioButton * option : Options) {
+        modes->addWidget(option, place % modeRows, place / modeRows);
+        ++place;
+    }
+    modes->addWidget(PushButton15, 0, 2, modeRows, 1, Qt::AlignVCenter);
     modes->setColumnStretch(1, 1);
 
     auto* const include = new QVBoxLayout(Frame2);
@@ -159,7 +164,7 @@ void Controls::layOut(QWidget& window) {
     belowGrid->addWidget(ListView2, 1);
     auto* const saveRow = new QHBoxLayout;
     for (QPushButton* button : {PushButton6, PushButton12, PushButton11}) {
-        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // as high as the row
+        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // fills the row's height
         saveRow->addWidget(button);
     }
     saveRow->addStretch(1);
@@ -171,7 +176,7 @@ void Controls::layOut(QWidget& window) {
     all->addWidget(below);
     all->setStretchFactor(0, 1);
     all->setStretchFactor(1, 3);
-    // The dividers are as wide as the gaps between controls, so that one grid runs through the window.
+    // As wide as the gaps between controls, so that all gaps in the window are equal.
     for (QSplitter* splitter : {lists, all}) {
         splitter->setChildrenCollapsible(false);
         splitter->setHandleWidth(window.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
@@ -186,11 +191,13 @@ void Controls::layOut(QWidget& window) {
 }
 
 void Controls::setTabOrder() {
-    QWidget* const order[] = {ListView1,   PushButton1, PushButton5, PushButton16, PushButton13, PushButton14,
-                              ListView3,   PushButton3, PushButton4, PushButton8,  PushButton10, Option1,
-                              Option2,     Option3,     Option4,     PushButton15, Check1,       PushButton7,
-                              PushButton2, ListView2,   PushButton6, PushButton12, PushButton11, PushButton9};
-    for (std::size_t at = 1; at < std::size(order); ++at)
+    std::vector<QWidget*> order = {ListView1,    PushButton1,  PushButton5, PushButton16,
+                                   PushButton13, PushButton14, ListView3,   PushButton3,
+                                   PushButton4,  PushButton8,  PushButton10};
+    order.insert(order.end(), Options.begin(), Options.end());
+    order.insert(order.end(), {PushButton15, Check1, PushButton7, PushButton2, ListView2, PushButton6,
+                               PushButton12, PushButton11, PushButton9});
+    for (std::size_t at = 1; at < order.size(); ++at)
         QWidget::setTabOrder(order[at - 1], order[at]);
 }
 

@@ -1,35 +1,33 @@
-// The main window's controls under their names, and how they are laid out.
+// The main window's controls and their layout. The members have the controls' names.
 #pragma once
 
 #include "app/caption_button.h"
 #include "app/input_list_view.h"
 #include "app/results_view.h"
 #include "app/rows_view.h"
+#include "extract/extraction_options.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <array>
+#include <string>
 
 namespace brindlewick {
 
-/// The controls belong to the widget that `layOut` puts them in.
+/// The widget passed to `layOut` becomes the owner of the controls.
 struct Controls {
     Controls(TextList& inputFiles, ResultsModel& results);
 
     QGroupBox* Frame1;
-    QRadioButton* Option4;
-    QRadioButton* Option1;
-    QRadioButton* Option2;
-    QRadioButton* Option3;
+    PerMode<QRadioButton*> Options; ///< Option1, Option2 ..., in the order of `extractionModes`
     CaptionButton* PushButton15;
     QGroupBox* Frame2;
     QCheckBox* Check1;
     CaptionButton* PushButton2;
     InputListView* ListView1;
-    QLineEdit* Text1x; ///< used by nothing, and hidden
+    QLineEdit* Text1x; ///< hidden; no operation uses it
     ResultsView* ListView2;
     CaptionButton* PushButton1;
     CaptionButton* PushButton5;
@@ -48,12 +46,12 @@ struct Controls {
     CaptionButton* PushButton10;
     QLabel* Label1;
 
-    /// The mode buttons, mode 1 first.
-    std::array<QRadioButton*, 4> options() const { return {Option1, Option2, Option3, Option4}; }
-    std::array<std::u16string, 4> optionCaptions() const;
+    /// The button of a mode other than `none`.
+    [[nodiscard]] QRadioButton& option(ExtractionMode mode) const { return *Options[placeOf(mode).value()]; }
+    [[nodiscard]] PerMode<std::u16string> optionCaptions() const;
 
-    /// Puts all controls into `window` in the order of work: files and tags, options and start, results and
-    /// what becomes of them. The parts can be made larger at each other's expense. Sets the tab order.
+    /// Puts all controls into `window`: files and tags at the top, then options, "Start Extracting", results
+    /// and their buttons. Dividers change the sizes of these areas. Sets the tab order.
     void layOut(QWidget& window);
 
 private:

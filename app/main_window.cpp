@@ -13,32 +13,35 @@ namespace brindlewick {
 
 namespace {
 
-// Milliseconds: rows added outside of a run show up this soon.
-constexpr int catchUpInterval = 30;
-constexpr QSize firstSize{1000, 720};  // pixels, where the screen has them
-constexpr QSize roomForAFrame{16, 48}; // pixels, for the title and the borders
+constexpr QSize preferredSize{1000, 720}; // pixels, if the screen is large enough
+constexpr QSize frameAllowance{16, 48};   // pixels for the title bar and the borders
 
-/// Calls `pressed` when a key is pressed while the widget has the focus.
-class KeyWatcher : public QObject {
+/// Calls `pressed` when the Delete key is pressed while the widget has the focus.
+class DeleteKeyWatcher : public QObject {
 public:
-    KeyWatcher(QWidget* watched, std::function<bool(const QKeyEvent&)> pressed)
+    DeleteKeyWatcher(QWidget* watched, std::function<void()> pressed)
         : QObject(watched), pressed_(std::move(pressed)) {
         watched->installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
-        return event->type() == QEvent::KeyPress && pressed_(*static_cast<QKeyEvent*>(event));
+        const bool isDelete =
+            event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete;
+        if (isDelete)
+            pressed_();
+        return isDelete;
     }
 
 private:
-    std::function<bool(const QKeyEvent&)> pressed_;
+    std::function<void()> pressed_;
 };
 
 } // namespace
 
 Form1::Form1(std::u16string programFolder, std::function<void()> endProcess)
     : programFolder_(std::move(programFolder)), endProcess_(std::move(endProcess)),
-      user_(*this, *statusBar()), samples_(user_, settings_, inputFiles_, tags_, programFolder_,
-                                           [this] { controls_.Option2->setChecked(true); }) {
+      user_(*this, *statusBar()), samples_(user_, settings_, inputFiles_, tags_, programFolder_, [this] {
+          controls_.option(ExtractionMode::valueWithoutTag).setChecked(true);
+      }) {
     setObjectName(QStringLiteral("Form1"));
     QFont arial = font();
     arial.setFamily(QStringLiteral("Arial"));
@@ -48,21 +51,18 @@ Form1::Form1(std::u16string programFolder, std::function<void()> endProcess)
     setCentralWidget(surface);
     controls_.ListView1->setModel(&inputModel_);
     controls_.ListView3->setModel(&tagModel_);
-    resize(firstSize.boundedTo(screen()->availableSize() - roomForAFrame));
+    resize(preferredSize.boundedTo(screen()->availableSize() - frameAllowance));
 
     connectButtons();
     connectOptions();
     connectLists();
     addShortcuts();
     user_.setBeforeDispatch([this] { catchUp(); });
-    connect(&catchUpTimer_, &QTimer::timeout, this, [this] { catchUp(); });
-    catchUpTimer_.start(catchUpInterval);
     hover_ = std::make_unique<HoverPointer>(*this, user_);
 }
 
 Form1::~Form1() {
-    catchUpTimer_.stop();
-    // The views go before the models that they show.
+    // A view must not outlive its model.
     delete takeCentralWidget();
 }
 
@@ -83,24 +83,21 @@ void Form1::connectButtons() {
     onClick(c.PushButton11, [this] { outputHandlers_.PushButton11_Click(); });
     onClick(c.PushButton9, [this] { outputHandlers_.PushButton9_Click(); });
     onClick(
-        c.PushButton15, [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); }, true);
+        c.PushButton15, [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); },
+        WhileBusy::allowed);
     onClick(
-        c.PushButton2, [this] { optionHandlers_.PushButton2_Click(); }, true);
+        c.PushButton2, [this] { optionHandlers_.PushButton2_Click(); }, WhileBusy::allowed);
 }
 
 void Form1::connectOptions() {
-    const std::pair<QRadioButton*, void (OptionHandlers::*)()> handlers[] = {
-        {controls_.Option1, &OptionHandlers::Option1_Click},
-        {controls_.Option2, &OptionHandlers::Option2_Click},
-        {controls_.Option3, &OptionHandlers::Option3_Click},
-        {controls_.Option4, &OptionHandlers::Option4_Click},
-    };
-    for (const auto& [option, handler] : handlers) {
+    for (std::size_t place = 0; QRadioButton * option : controls_.Options) {
         modes_.addButton(option);
-        connect(option, &QRadioButton::toggled, this, [this, handler = handler](bool selected) {
-            if (selected)
-                (optionHandlers_.*handler)();
-        });
+        connect(option, &QRadioButton::toggled, this,
+                [this, handler = OptionHandlers::optionClicks()[place]](bool selected) {
+                    if (selected)
+                        (optionHandlers_.*handler)();
+                });
+        ++place;
     }
     connect(controls_.Check1, &QCheckBox::toggled, this,
             [this](bool ticked) { optionHandlers_.Check1_Click(ticked); });
@@ -111,15 +108,10 @@ void Form1::connectLists() {
             [this] { inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow()); });
     controls_.ListView1->setDropHandler(
         [this](const std::vector<std::u16string>& items) { inputHandlers_.ListView1_OLEDragDrop(items); });
-    new KeyWatcher(controls_.ListView1, [this](const QKeyEvent& key) {
-        if (key.key() == Qt::Key_Delete)
-            inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow());
-        return key.key() == Qt::Key_Delete;
-    });
-    new KeyWatcher(controls_.ListView3, [this](const QKeyEvent& key) {
-        if (key.key() == Qt::Key_Delete)
-            tagHandlers_.ListView3_KeyDown(deleteKeyCode, controls_.ListView3->selectedRow());
-        return key.key() == Qt::Key_Delete;
+    new DeleteKeyWatcher(controls_.ListView1,
+                         [this] { inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow()); });
+    new DeleteKeyWatcher(controls_.ListView3, [this] {
+        tagHandlers_.ListView3_KeyDown(deleteKeyCode, controls_.ListView3->selectedRow());
     });
     controls_.ListView2->setCopyHandler([this] { copySelectedRows(); });
     connect(&resultsModel_, &QAbstractItemModel::modelReset, this, [this] {
@@ -141,14 +133,13 @@ void Form1::addShortcuts() {
             [this] { close(); });
 }
 
-void Form1::onClick(QPushButton* button, std::function<void()> handler, bool onlyTells) {
-    connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler), onlyTells] {
-        if (user_.isBusy() && !onlyTells)
+void Form1::onClick(QPushButton* button, std::function<void()> handler, WhileBusy whileBusy) {
+    connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler), whileBusy] {
+        if (user_.isBusy() && whileBusy == WhileBusy::ignored)
             return;
-        // The handlers report their own failures; nothing that slips through may reach the event loop.
+        // Handlers report their own failures. This guard keeps any other exception out of the event loop.
         const Guard guard(user_, u"Form1.Click");
         guard(handler);
-        catchUp();
     });
 }
 
@@ -156,8 +147,7 @@ void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
     connect(new QShortcut(keys, this), &QShortcut::activated, button, [button] { button->click(); });
 }
 
-/// What the last removal took comes back: to the list that has the focus if it lacks something, else to the
-/// other.
+/// Undoes the last removal: in the list with the focus if there is one to undo, else in the other list.
 void Form1::restoreTaken() {
     if (user_.isBusy())
         return;

@@ -1,9 +1,8 @@
-// The program's one window: the controls, what they show and which handlers they call.
+// The main window: declares the data and the handlers, and connects them with the controls.
 #pragma once
 
 #include "app/appearance.h"
 #include "app/controls.h"
-#include "app/option_handlers.h"
 #include "app/results_model.h"
 #include "app/sample_files.h"
 #include "app/settings_file.h"
@@ -11,6 +10,7 @@
 #include "app/window_user.h"
 #include "extract/extraction_options.h"
 #include "extract/extraction_run.h"
+#include "extract/option_handlers.h"
 #include "extract/results_table.h"
 #include "lists/input_file_handlers.h"
 #include "lists/tag_handlers.h"
@@ -19,7 +19,6 @@
 
 #include <QButtonGroup>
 #include <QMainWindow>
-#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -28,21 +27,21 @@ namespace brindlewick {
 
 class Form1 : public QMainWindow {
 public:
-    /// `programFolder` holds the files beside the executable. `endProcess` is the last thing that closing
-    /// does and is expected not to return; tests let it.
+    /// `programFolder` is the folder of the executable. Closing the window ends with a call of `endProcess`,
+    /// which returns in tests only.
     Form1(std::u16string programFolder, std::function<void()> endProcess);
     ~Form1() override;
 
-    /// Restores what the program remembers. Called once, before the window is shown.
+    /// Restores the settings. Called once, before the window is shown.
     void Form_Load();
-    /// Saves what is saved at the end, and ends the process.
+    /// Saves the tags and ends the process.
     void Form_QueryUnload();
 
-    Controls& controls() noexcept { return controls_; }
-    WindowUser& user() noexcept { return user_; }
-    TextList& inputFiles() noexcept { return inputFiles_; }
-    TextList& tags() noexcept { return tags_; }
-    ResultsTable& results() noexcept { return results_; }
+    [[nodiscard]] Controls& controls() noexcept { return controls_; }
+    [[nodiscard]] WindowUser& user() noexcept { return user_; }
+    [[nodiscard]] TextList& inputFiles() noexcept { return inputFiles_; }
+    [[nodiscard]] TextList& tags() noexcept { return tags_; }
+    [[nodiscard]] ResultsTable& results() noexcept { return results_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -52,15 +51,15 @@ private:
     void connectOptions();
     void connectLists();
     void addShortcuts();
-    /// Calls the handler when the button is pressed; while an operation is under way, only if it `onlyTells`.
-    void onClick(QPushButton* button, std::function<void()> handler, bool onlyTells = false);
+    enum class WhileBusy { ignored, allowed };
+    /// Calls the handler when the button is clicked. `whileBusy` applies while an operation is under way.
+    void onClick(QPushButton* button, std::function<void()> handler,
+                 WhileBusy whileBusy = WhileBusy::ignored);
     void onShortcut(const QKeySequence& keys, QPushButton* button);
     void copySelectedRows();
     void restoreTaken();
-    void catchUp();
-
-    // Start-up, step by step.
     void restoreMode();
+    void catchUp();
 
     std::u16string programFolder_;
     std::function<void()> endProcess_;
@@ -77,7 +76,6 @@ private:
     Controls controls_{inputFiles_, resultsModel_};
     WindowUser user_;
     QButtonGroup modes_;
-    QTimer catchUpTimer_;
 
     InputFileHandlers inputHandlers_{user_, settings_, inputFiles_};
     TagHandlers tagHandlers_{user_, tags_};

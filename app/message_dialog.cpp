@@ -1,6 +1,4 @@
-// Message boxes that stay usable whatever text they are given.
-// A label as wide as a path of a megabyte, or as high as a thousand lines, would push the buttons off the
-// screen.
+// A label with a path of a megabyte or a thousand lines would push a box's buttons off the screen.
 #include "app/message_dialog.h"
 
 #include "app/qt_text.h"
@@ -21,21 +19,29 @@ namespace brindlewick {
 
 namespace {
 
-constexpr std::size_t longestShown = 65536;
-constexpr int mostLines = 25;
-constexpr qsizetype mostUnits = 2000;
-constexpr int longestWord = 100;
-constexpr int widestText = 640; // pixels; longer lines are wrapped
+constexpr std::size_t maxLength = 65536; // code units
+
+// For a message box; longer texts get a window that scrolls.
+constexpr int maxBoxLines = 25;
+constexpr qsizetype maxBoxLength = 2000; // code units
+constexpr int maxWordLength = 100;       // code units
+constexpr int maxTextWidth = 640;        // pixels; longer lines are wrapped
+
+// Pixels, of a window that scrolls.
+constexpr int windowWidth = 640;
+constexpr QRect maxTextArea(0, 0, 560, 340);
+constexpr int minTextHeight = 60;
+constexpr int heightOfTheRest = 80;
 
 bool fitsBox(const QString& lines) {
-    if (lines.size() > mostUnits)
+    if (lines.size() > maxBoxLength)
         return false;
     int lineCount = 1;
     int wordLength = 0;
     for (const QChar unit : lines) {
         lineCount += unit == u'\n';
         wordLength = unit.isSpace() ? 0 : wordLength + 1;
-        if (wordLength > longestWord || lineCount > mostLines)
+        if (wordLength > maxWordLength || lineCount > maxBoxLines)
             return false;
     }
     return true;
@@ -55,21 +61,20 @@ bool showBox(QWidget& parent, const QString& title, const QString& lines, Messag
     } else {
         box.setStandardButtons(QMessageBox::Ok);
     }
-    // A box as narrow as "Done." would show no title: room for it, the window's icon and its buttons. Lines
-    // that are longer keep the room that they need.
+    // Make the box wide enough for its title bar: the title, 130 pixels for icon and buttons. A box for
+    // "Done." would be narrower.
     if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
         const int titleWidth = box.fontMetrics().horizontalAdvance(title) + 130;
-        label->setMinimumWidth(std::max(titleWidth, std::min(label->sizeHint().width(), widestText)));
+        label->setMinimumWidth(std::max(titleWidth, std::min(label->sizeHint().width(), maxTextWidth)));
     }
     const int answer = box.exec();
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }
 
-/// The pixels that the text takes at the window's width, up to 340; its beginning is enough to tell.
+/// The height in pixels of the wrapped text, at most that of `maxTextArea`. 4,000 code units fill it.
 int heightFor(const QString& lines, const QWidget& view) {
-    const QRect room(0, 0, 560, 340);
-    const QRect taken = view.fontMetrics().boundingRect(room, Qt::TextWrapAnywhere, lines.left(4000));
-    return std::clamp(taken.height() + view.fontMetrics().height(), 60, room.height());
+    const QRect text = view.fontMetrics().boundingRect(maxTextArea, Qt::TextWrapAnywhere, lines.left(4000));
+    return std::clamp(text.height() + view.fontMetrics().height(), minTextHeight, maxTextArea.height());
 }
 
 bool showScrollingWindow(QWidget& parent, const QString& title, const QString& lines, MessageKind kind) {
@@ -95,8 +100,8 @@ bool showScrollingWindow(QWidget& parent, const QString& title, const QString& l
     auto* column = new QVBoxLayout(&dialog);
     column->addLayout(row);
     column->addWidget(buttons);
-    const QSize room = parent.screen()->availableSize() * 0.8;
-    dialog.resize(QSize(640, heightFor(lines, *text) + 80).boundedTo(room));
+    const QSize maxSize = parent.screen()->availableSize() * 0.8;
+    dialog.resize(QSize(windowWidth, heightFor(lines, *text) + heightOfTheRest).boundedTo(maxSize));
     buttons->button(kind == MessageKind::question ? QDialogButtonBox::Yes : QDialogButtonBox::Ok)->setFocus();
     return dialog.exec() == QDialog::Accepted;
 }
@@ -110,8 +115,8 @@ bool showMessageDialog(QWidget& parent, const QString& title, std::u16string_vie
 }
 
 QString shownLines(std::u16string_view text) {
-    const bool cut = text.size() > longestShown;
-    QString lines = toQString(text.substr(0, longestShown));
+    const bool cut = text.size() > maxLength;
+    QString lines = toQString(text.substr(0, maxLength));
     lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     lines.replace(u'\r', u'\n');
     if (cut)

@@ -1,4 +1,4 @@
-// Message boxes that stay usable whatever text they are given.
+// Message boxes for texts of any length.
 #pragma once
 
 #include <QString>
@@ -9,16 +9,17 @@ class QWidget;
 namespace brindlewick {
 
 enum class MessageKind {
-    plain,    ///< OK, no icon
-    warning,  ///< OK, the warning icon
-    question, ///< Yes and No, no icon; Escape and closing the box answer No
+    information, ///< OK, no icon
+    warning,     ///< OK, the warning icon
+    question,    ///< Yes and No, no icon; Escape and closing the box answer No
 };
 
-/// Shows the text as plain text and waits for the answer: true for OK and Yes. A text too long for a box is
-/// shown in a bounded window that scrolls.
+/// Shows the text without markup and waits for the answer: true for OK and Yes. A text that is too long for a
+/// box is shown in a window with a scroll bar.
 bool showMessageDialog(QWidget& parent, const QString& title, std::u16string_view text, MessageKind kind);
 
-/// The text with every line end (CR LF, CR, LF) as one line feed, cut with an ellipsis beyond 65,536 units.
-QString shownLines(std::u16string_view text);
+/// The text with every line end (CR LF, CR, LF) as one line feed. After 65,536 code units it is cut and ends
+/// with an ellipsis.
+[[nodiscard]] QString shownLines(std::u16string_view text);
 
 } // namespace brindlewick

@@ -1,4 +1,4 @@
-// Text on its way between the program (UTF-16 views) and Qt, unit for unit: lone surrogates and NULs stay.
+// Conversions between the program's UTF-16 text and QString.
 #pragma once
 
 #include <QString>
@@ -8,12 +8,17 @@
 
 namespace brindlewick {
 
-inline QString toQString(std::u16string_view text) {
+/// Both keep every unit, lone surrogates and NULs included.
+[[nodiscard]] inline QString toQString(std::u16string_view text) {
     return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
-inline std::u16string fromQString(QStringView text) {
+[[nodiscard]] inline std::u16string fromQString(QStringView text) {
     return std::u16string(text.utf16(), static_cast<std::size_t>(text.size()));
 }
+
+/// The beginning of the text for one line of a view: control characters become blanks, and an ellipsis marks
+/// that text follows. Costs the same for every length.
+[[nodiscard]] QString displayText(std::u16string_view text);
 
 } // namespace brindlewick

@@ -1,6 +1,5 @@
 #include "app/results_model.h"
 
-#include "app/display_text.h"
 #include "app/qt_text.h"
 
 #include <algorithm>
@@ -10,7 +9,7 @@ namespace brindlewick {
 
 namespace {
 
-/// A view counts its rows in an int; those beyond are still saved and copied.
+/// A view counts its rows in an int. Rows beyond that are not shown, but are exported and copied.
 int shownRows(const ResultsTable& table) {
     return static_cast<int>(std::min<std::size_t>(table.rowCount(), std::numeric_limits<int>::max() / 2));
 }
@@ -27,6 +26,7 @@ ResultsModel::~ResultsModel() {
 }
 
 void ResultsModel::catchUp() {
+    table_.announceNextAppend();
     const int rows = shownRows(table_);
     if (rows <= shown_)
         return;
@@ -91,6 +91,11 @@ void ResultsModel::tableWillBeReset() {
 void ResultsModel::tableWasReset() {
     shown_ = shownRows(table_);
     endResetModel();
+}
+
+void ResultsModel::rowWasAppended() {
+    QMetaObject::invokeMethod(
+        this, [this] { catchUp(); }, Qt::QueuedConnection);
 }
 
 } // namespace brindlewick

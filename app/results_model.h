@@ -1,4 +1,4 @@
-// Shows the results table, with a check box in every row.
+// The model of the results table, with a check box in every row.
 #pragma once
 
 #include "extract/results_table.h"
@@ -7,14 +7,16 @@
 
 namespace brindlewick {
 
-/// Rows that a run has appended are shown at the next catchUp(), in one batch.
+/// The view gets appended rows in batches: at the next catchUp(), which runs by itself at the latest when the
+/// event loop continues.
 class ResultsModel : public QAbstractTableModel, private ResultsTableListener {
 public:
     explicit ResultsModel(ResultsTable& table, QObject* parent = nullptr);
     ~ResultsModel() override;
 
+    /// Reports the appended rows to the view.
     void catchUp();
-    /// Ticks or unticks the rows from `first` to `last`.
+    /// Ticks or unticks the rows from `first` to `last`, both included.
     void setChecked(int first, int last, bool checked);
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -27,9 +29,10 @@ public:
 private:
     void tableWillBeReset() override;
     void tableWasReset() override;
+    void rowWasAppended() override;
 
     ResultsTable& table_;
-    int shown_ = 0;
+    int shown_ = 0; ///< rows that the view knows
 };
 
 } // namespace brindlewick

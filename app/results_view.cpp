@@ -34,7 +34,8 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
         RowsView::keyPressEvent(event);
 }
 
-/// All selected rows get what the current row has not. Tab leads to a current row that is not selected yet.
+/// Ticks all selected rows if the current row is not ticked, else unticks them. After Tab the current row may
+/// not be selected yet: it is selected first.
 void ResultsView::toggleSelected() {
     const QModelIndex current = currentIndex();
     if (!current.isValid())

@@ -1,4 +1,4 @@
-// The results table's view: Space ticks the selected rows, Ctrl+C copies them.
+// The view of the results table: Space ticks the selected rows, Ctrl+C copies them.
 #pragma once
 
 #include "app/results_model.h"
@@ -14,14 +14,14 @@ namespace brindlewick {
 
 class ResultsView : public RowsView {
 public:
-    /// The model is the view's for good.
+    /// The view always shows `model`, which must outlive it.
     explicit ResultsView(ResultsModel& model, QWidget* parent = nullptr);
 
     /// The selected rows, in the table's order.
-    std::vector<RowRange> selectedRanges() const;
-    /// Called when Ctrl+C is pressed on rows.
+    [[nodiscard]] std::vector<RowRange> selectedRanges() const;
+    /// Sets the function that Ctrl+C calls.
     void setCopyHandler(std::function<void()> handler) { copyHandler_ = std::move(handler); }
-    /// Gives the columns the widths of the table that is shown.
+    /// Sets the column widths, from the first column on.
     void setWidthsInTwips(const QList<int>& twips);
 
 protected:

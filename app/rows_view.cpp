@@ -1,5 +1,7 @@
 #include "app/rows_view.h"
 
+#include "app/twips.h"
+
 #include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
@@ -8,10 +10,9 @@ namespace brindlewick {
 
 namespace {
 
-constexpr int twipsPerInch = 1440;
 constexpr float hintOpacity = 0.6F;
-constexpr int fewestCharacters = 16; ///< that a list has room for, on average
-constexpr int fewestRows = 4;
+constexpr int minCharacters = 16; // of average width
+constexpr int minRows = 4;
 
 } // namespace
 
@@ -47,7 +48,7 @@ std::optional<std::size_t> RowsView::selectedRow() const {
 }
 
 void RowsView::setColumnWidthInTwips(int column, int twips) {
-    setColumnWidth(column, twips * logicalDpiX() / twipsPerInch);
+    setColumnWidth(column, pixelsFromTwips(twips, *this));
 }
 
 void RowsView::paintEvent(QPaintEvent* event) {
@@ -55,14 +56,14 @@ void RowsView::paintEvent(QPaintEvent* event) {
     if (model() == nullptr || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
-    // Not the palette's own colour for this: a desktop's dark colours do not always set it.
+    // Not QPalette::PlaceholderText: some dark desktop themes do not set it.
     QColor faint = palette().color(QPalette::Text);
     faint.setAlphaF(hintOpacity);
     painter.setPen(faint);
     const int margin = fontMetrics().height();
     const QRect room = viewport()->rect().adjusted(margin, margin / 2, -margin, -margin / 2);
     const int height = painter.boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, hint_).height();
-    // In too small a list the beginning is what stays to be read.
+    // If the hint does not fit, show its beginning.
     const Qt::Alignment vertical = height > room.height() ? Qt::AlignTop : Qt::AlignVCenter;
     painter.drawText(room, static_cast<int>(Qt::AlignHCenter | vertical) | Qt::TextWordWrap, hint_);
 }
@@ -73,7 +74,7 @@ void RowsView::changeEvent(QEvent* event) {
         fitToFont();
 }
 
-/// Home and End go to the first and the last row, as in a list; a table would go along the row.
+/// Home and End go to the first and the last row, as in a list. QTableView would move within the row.
 QModelIndex RowsView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     if (action == MoveHome || action == MoveEnd)
         modifiers |= Qt::ControlModifier;
@@ -84,7 +85,7 @@ void RowsView::fitToFont() {
     const int height = fontMetrics().height() * 3 / 2;
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);
-    setMinimumSize(fontMetrics().averageCharWidth() * fewestCharacters, height * (fewestRows + 1));
+    setMinimumSize(fontMetrics().averageCharWidth() * minCharacters, height * (minRows + 1));
 }
 
 } // namespace brindlewick

@@ -1,4 +1,4 @@
-// The view behind all three lists: rows of equal height, a header, and a hint while there are no rows.
+// The base of the three lists' views: rows of equal height, a header, and a hint while there are no rows.
 #pragma once
 
 #include <QTableView>
@@ -11,10 +11,10 @@ class RowsView : public QTableView {
 public:
     explicit RowsView(QWidget* parent = nullptr);
 
-    /// The tool tip, and the text shown while the list is empty.
+    /// Sets the tool tip and the text that is shown while the list is empty.
     void setHint(const QString& hint);
-    /// The row that a user would call the selected one.
-    std::optional<std::size_t> selectedRow() const;
+    /// The current row if it is selected.
+    [[nodiscard]] std::optional<std::size_t> selectedRow() const;
     void setColumnWidthInTwips(int column, int twips);
 
 protected:

@@ -1,9 +1,9 @@
-// A picture shown for a few seconds before the main window, with a box that hides it from the next start on.
-// Measures are in twips, 1440 to the logical inch, and become pixels when a control is placed.
 #include "app/splash.h"
 
 #include "app/qt_text.h"
 #include "app/small_file.h"
+#include "app/twips.h"
+#include "app/window_user.h"
 #include "extract/extraction_options.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
@@ -19,21 +19,22 @@
 #include <QThread>
 #include <QTime>
 #include <algorithm>
-#include <cmath>
 
 namespace brindlewick {
 
 namespace {
 
 constexpr double secondsADay = 86400;
-constexpr int largestSide = 8192;                             // pixels
-constexpr std::size_t longestPicture = std::size_t{64} << 20; // bytes
-constexpr int stripHeight = 300;                              // twips
-constexpr int boxMargin = 20;                                 // twips
-constexpr int lineLength = 10000;                             // twips
-constexpr int lineInset = 10;                                 // twips
+constexpr int maxSide = 8192;                                 // pixels
+constexpr std::size_t maxPictureSize = std::size_t{64} << 20; // bytes
+// Twips:
+constexpr int stripHeight = 300;
+constexpr int boxLeft = 60;
+constexpr int boxMargin = 20;
+constexpr int lineLength = 10000;
+constexpr int lineInset = 10;
 
-/// The first name of the folder that is neither a folder nor hidden; empty when there is none.
+/// The name of the first file in the folder that is not hidden; empty when there is none.
 std::u16string firstFileName(std::u16string_view folder) {
     if (!IsFolder(folder))
         return {};
@@ -58,7 +59,7 @@ Splash::Splash(UserInterface& user, SettingsStore& settings, std::u16string prog
     : user_(user), settings_(settings), programFolder_(std::move(programFolder)), clock_(std::move(clock)),
       underDevelopment_(underDevelopment), Image1_(new QLabel(this)),
       Check1_(new QCheckBox(QStringLiteral("Hide this at next startup"), this)) {
-    // Its closing must not end a program whose main window is not shown yet.
+    // Closing it must not end the program while the main window is not shown yet.
     setAttribute(Qt::WA_QuitOnClose, false);
     Image1_->setObjectName(QStringLiteral("Image1"));
     Image1_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -80,20 +81,21 @@ void Splash::SplashShow() {
     const std::u16string path = joinedPath(folder, name);
     if (name.empty() || !FileExists(path))
         return;
-    setWindowTitle(QStringLiteral("Brindlewick"));
-    placeControls(pictureFromBytes(readSmallFile(path, longestPicture), largestSide));
+    setWindowTitle(toQString(displayName));
+    placeControls(pictureFromBytes(readSmallFile(path, maxPictureSize), maxSide));
     show();
     Pause(underDevelopment_ ? 0.4 : 4);
     close();
 }
 
 void Splash::placeControls(const QImage& picture) {
+    const auto pixels = [&](int twips) { return pixelsFromTwips(twips, *this); };
     const int width = picture.width();
     const int height = picture.height() + pixels(stripHeight);
     Image1_->setPixmap(QPixmap::fromImage(picture));
     Image1_->setGeometry(0, 0, width, height);
     Check1_->adjustSize();
-    Check1_->move(pixels(60), height - Check1_->height() - pixels(boxMargin));
+    Check1_->move(pixels(boxLeft), height - Check1_->height() - pixels(boxMargin));
 
     const int length = pixels(lineLength);
     const int inset = std::max(pixels(lineInset), 1);
@@ -116,10 +118,6 @@ void Splash::Pause(double seconds) {
         QCoreApplication::processEvents();
         QThread::msleep(5);
     }
-}
-
-int Splash::pixels(int twips) const {
-    return static_cast<int>(std::lround(twips * logicalDpiX() / 1440.0));
 }
 
 } // namespace brindlewick

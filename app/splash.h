@@ -1,5 +1,6 @@
-// A picture shown for a few seconds before the main window, with a box that hides it from the next start on.
-// Ready to be switched on by calling `SplashShow`; nothing calls it.
+// The splash screen: a picture shown for a few seconds, with a check box that hides it from the next start
+// on. Nothing calls `SplashShow` yet; a call before the main window is shown would switch the splash screen
+// on.
 #pragma once
 
 #include "app/system.h"
@@ -16,29 +17,28 @@ class QLabel;
 
 namespace brindlewick {
 
-/// Seconds from `entry` to `now`, both times of day in seconds since midnight; one midnight may lie between.
-double elapsedSinceEntry(double now, double entry) noexcept;
+/// The seconds from `entry` to `now`. Both are seconds since midnight; at most one midnight is between them.
+[[nodiscard]] double elapsedSinceEntry(double now, double entry) noexcept;
 
 /// The local time of day in seconds since midnight, with fractions.
-double secondsSinceMidnight();
+[[nodiscard]] double secondsSinceMidnight();
 
 class Splash : public QWidget {
 public:
-    /// `clock` tells the time of day in seconds; `underDevelopment` shortens the wait.
+    /// `clock` returns the seconds since midnight. `underDevelopment` shortens the wait.
     Splash(UserInterface& user, SettingsStore& settings, std::u16string programFolder,
            std::function<double()> clock = &secondsSinceMidnight,
            bool underDevelopment = runsUnderDebugger());
 
     /// Shows the first picture of the "Splash" folder for 4 seconds (0.4 under development), unless the
     /// setting "ShowAgain" is not 0 or there is no picture. Fails with invalidPicture when the picture cannot
-    /// be loaded, with typeMismatch when the setting is no number.
+    /// be loaded, with typeMismatch when the setting is not a number.
     void SplashShow();
 
 private:
     void placeControls(const QImage& picture);
     void Check1_Click();
     void Pause(double seconds);
-    int pixels(int twips) const;
 
     UserInterface& user_;
     SettingsStore& settings_;

@@ -1,6 +1,5 @@
-// What the main window does when it opens and when it closes, in this order.
+// What the main window does when it opens and when it closes. The order of the steps matters.
 
-#include "app/application_title.h"
 #include "app/main_window.h"
 #include "app/qt_text.h"
 #include "platform/error_report.h"
@@ -23,7 +22,7 @@ void Form1::Form_Load() {
         if (settings_.GetSetting(u"Snapshot", u"").empty())
             samples_.RecordSampleFiles();
     };
-    // Twice: a record that came out empty is tried once more.
+    // Twice, so that an empty record is built again.
     guard(recordSamples);
     guard(recordSamples);
     guard([&] {
@@ -46,18 +45,17 @@ void Form1::Form_Load() {
     });
     guard([&] { appendTagsFromSetting(settings_.GetSetting(u"Tags", u""), tags_); });
     guard([&] { restoreMode(); });
-    catchUp();
 }
 
 void Form1::restoreMode() {
     const ExtractionMode mode = modeFromSetting(settings_.GetSetting(u"Option", u"1"));
     if (mode != ExtractionMode::none) {
-        // Selecting one that was not selected already runs its handler, which saves it again.
-        controls_.options()[static_cast<std::size_t>(mode) - 1]->setChecked(true);
+        // If the button was not selected before, its handler runs and saves the mode again.
+        controls_.option(mode).setChecked(true);
         return;
     }
     modes_.setExclusive(false);
-    for (QRadioButton* option : controls_.options())
+    for (QRadioButton* option : controls_.Options)
         option->setChecked(false);
     modes_.setExclusive(true);
     options_.selectNone();

@@ -1,6 +1,6 @@
 #include "app/text_list_model.h"
 
-#include "app/display_text.h"
+#include "app/qt_text.h"
 
 namespace brindlewick {
 
@@ -19,6 +19,7 @@ void TextListModel::setCaption(const QString& caption) {
 }
 
 void TextListModel::catchUp() {
+    list_.announceNextAppend();
     const int size = static_cast<int>(list_.size());
     if (size <= shown_)
         return;
@@ -71,6 +72,11 @@ void TextListModel::listWillBeReset() {
 void TextListModel::listWasReset() {
     shown_ = static_cast<int>(list_.size());
     endResetModel();
+}
+
+void TextListModel::rowWasAppended() {
+    QMetaObject::invokeMethod(
+        this, [this] { catchUp(); }, Qt::QueuedConnection);
 }
 
 } // namespace brindlewick

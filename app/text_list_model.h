@@ -1,4 +1,4 @@
-// Shows a list of texts as a table of one column.
+// The model of a list of texts: a table of one column.
 #pragma once
 
 #include "lists/text_list.h"
@@ -8,15 +8,16 @@
 
 namespace brindlewick {
 
-/// Rows that were appended to the list are shown at the next catchUp(), so that a hundred thousand of them
-/// reach the view as one batch.
+/// The view gets appended rows in batches: at the next catchUp(), which runs by itself at the latest when the
+/// event loop continues.
 class TextListModel : public QAbstractTableModel, private TextListListener {
 public:
     explicit TextListModel(TextList& list, QObject* parent = nullptr);
     ~TextListModel() override;
 
-    /// Gives the list its column.
+    /// The caption of the column.
     void setCaption(const QString& caption);
+    /// Reports the appended rows to the view.
     void catchUp();
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -30,10 +31,11 @@ private:
     void rowWasChanged(std::size_t row) override;
     void listWillBeReset() override;
     void listWasReset() override;
+    void rowWasAppended() override;
 
     TextList& list_;
     QString caption_;
-    int shown_ = 0;
+    int shown_ = 0; ///< rows that the view knows
 };
 
 } // namespace brindlewick

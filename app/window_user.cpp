@@ -1,5 +1,3 @@
-// The real user: message boxes, dialogs, pointer, clipboard and event loop of the main window.
-// Runs on the user-interface thread alone; dialogs handle events until they are answered.
 #include "app/window_user.h"
 
 #include "app/file_dialogs.h"
@@ -24,15 +22,15 @@ namespace brindlewick {
 
 namespace {
 
-constexpr qint64 shortestPause = 8'000'000;  // ns: about twice a frame
-constexpr qint64 longestPause = 100'000'000; // ns: beyond this a window feels stuck
-constexpr int longestDispatch = 5;           // ms
-constexpr qint64 progressInterval = 50;      // ms
+constexpr qint64 minPause = 8'000'000;   // ns; half a frame at 60 Hz
+constexpr qint64 maxPause = 100'000'000; // ns; a longer pause is noticed
+constexpr int maxDispatch = 5;           // ms
+constexpr qint64 progressInterval = 50;  // ms
 constexpr int progressSteps = 1000;
-constexpr int charactersToType = 60;            // that a typed answer has room for, on average
-constexpr std::size_t longestStatusText = 1000; // units: far more than any screen shows
+constexpr int answerWidth = 60;             // characters of average width
+constexpr std::size_t maxStatusText = 1000; // code units; wider than any screen
 
-/// Keeps the whole text and paints what fits, the middle left out: both ends of a path tell most.
+/// Paints the text without its middle if it does not fit: the ends of a path matter most.
 class ElidedLabel : public QLabel {
 public:
     using QLabel::QLabel;
@@ -48,13 +46,24 @@ protected:
 
 } // namespace
 
+std::u16string applicationTitle(std::u16string_view name) {
+    constexpr std::size_t maxLength = 40;
+    do {
+        const std::size_t blank = name.rfind(u' ');
+        if (blank == std::u16string_view::npos)
+            break;
+        name = name.substr(0, blank);
+    } while (name.size() > maxLength);
+    return std::u16string(name);
+}
+
 WindowUser::WindowUser(QWidget& window, QStatusBar& statusBar)
-    : window_(window), statusBar_(statusBar), title_(QStringLiteral("Brindlewick")) {
+    : window_(window), statusBar_(statusBar), title_(toQString(displayName)) {
     progressLabel_ = new ElidedLabel(&statusBar_);
     progressLabel_->setObjectName(QStringLiteral("progressLabel"));
     progressLabel_->setTextFormat(Qt::PlainText);
     progressLabel_->setContentsMargins(6, 0, 6, 0);
-    // A long path must not widen the window.
+    // Ignored: a long path must not widen the window.
     progressLabel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     progressLabel_->setAccessibleName(QStringLiteral("Status"));
     progressBar_ = new QProgressBar(&statusBar_);
@@ -85,7 +94,7 @@ void WindowUser::setBeforeDispatch(std::function<void()> beforeDispatch) {
 
 void WindowUser::showMessage(std::u16string_view text) {
     catchUp();
-    showMessageDialog(window_, title_, text, MessageKind::plain);
+    showMessageDialog(window_, title_, text, MessageKind::information);
 }
 
 void WindowUser::showApplicationError(std::u16string_view text) {
@@ -104,11 +113,11 @@ std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_vi
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(title_);
     dialog.setLabelText(shownLines(prompt));
-    // Prompts speak of "<" and ">": the label must not take them for markup.
+    // Prompts contain "<" and ">", which the label must not interpret as markup.
     if (QLabel* label = dialog.findChild<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     dialog.setTextValue(toQString(proposedAnswer));
-    dialog.setMinimumWidth(charactersToType * dialog.fontMetrics().averageCharWidth());
+    dialog.setMinimumWidth(answerWidth * dialog.fontMetrics().averageCharWidth());
     return dialog.exec() == QDialog::Accepted ? fromQString(dialog.textValue()) : std::u16string();
 }
 
@@ -131,7 +140,8 @@ void WindowUser::setPointer(PointerShape shape) {
     if (shape == pointer_)
         return;
     pointer_ = shape;
-    // The window's own cursor: every child without one of its own shows it, and nothing piles up.
+    // Children without a cursor of their own show the window's. An override cursor would need one restore per
+    // set.
     switch (shape) {
     case PointerShape::hourglass:
         window_.setCursor(Qt::WaitCursor);
@@ -148,16 +158,16 @@ void WindowUser::setPointer(PointerShape shape) {
 void WindowUser::yield() {
     if (sinceDispatch_.nsecsElapsed() < dispatchPause_)
         return;
-    // A handler that runs in here may yield too: it waits its own pause.
+    // Restarted here too, for handlers that call `yield` while they are dispatched.
     sinceDispatch_.start();
     catchUp();
-    QCoreApplication::processEvents(QEventLoop::AllEvents, longestDispatch);
-    dispatchPause_ = std::clamp(8 * sinceDispatch_.nsecsElapsed(), shortestPause, longestPause);
+    QCoreApplication::processEvents(QEventLoop::AllEvents, maxDispatch);
+    dispatchPause_ = std::clamp(8 * sinceDispatch_.nsecsElapsed(), minPause, maxPause);
     sinceDispatch_.start();
 }
 
 void WindowUser::showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) {
-    progressText_.assign(text.substr(0, longestStatusText));
+    progressText_.assign(text.substr(0, maxStatusText));
     progressDone_ = done;
     progressTotal_ = total;
     progressChanged_ = true;
@@ -170,14 +180,14 @@ void WindowUser::endProgress(std::u16string_view summary) {
     progressRunning_ = false;
     progressChanged_ = false;
     progressBar_->hide();
-    setStatusText(summary.substr(0, longestStatusText));
+    setStatusText(summary.substr(0, maxStatusText));
 }
 
 void WindowUser::setClipboardText(std::u16string_view text) {
     QClipboard* clipboard = QGuiApplication::clipboard();
     const QString wanted = toQString(text);
     clipboard->setText(wanted);
-    // Where the platform does not tell who owns the clipboard, its content does.
+    // Some platforms do not report the clipboard's owner, so compare its content.
     if (!clipboard->ownsClipboard() && clipboard->text() != wanted)
         throw Failure(FailureNumber::permissionDenied);
 }

@@ -1,4 +1,4 @@
-// The real user: message boxes, dialogs, pointer, clipboard and event loop of the main window.
+// UserInterface for the main window: message boxes, dialogs, pointer, clipboard and event loop.
 #pragma once
 
 #include "platform/user_interface.h"
@@ -8,6 +8,8 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
 
 class QLabel;
 class QProgressBar;
@@ -16,32 +18,40 @@ class QWidget;
 
 namespace brindlewick {
 
+inline constexpr std::u16string_view displayName = u"Brindlewick";
+
+/// The title of message boxes that have none of their own. It is `name` without its last word; more words are
+/// removed until at most 40 code units are left. A name without a blank stays whole.
+[[nodiscard]] std::u16string applicationTitle(std::u16string_view name);
+
+/// All functions run on the window's thread. Those that show a dialog handle events until it is closed.
 class WindowUser : public UserInterface {
 public:
     /// `window` owns the dialogs; `statusBar` shows progress. Both must outlive this object.
     WindowUser(QWidget& window, QStatusBar& statusBar);
 
-    /// The title of message boxes that have none of their own.
     void setApplicationTitle(std::u16string_view title);
     /// The picture of the custom pointer; without one the custom pointer is the arrow.
     void setHandPointer(const QCursor& hand);
-    /// Called before pending events are handled (by `yield` and before every dialog), so that the views'
-    /// models can catch up with their rows.
+    /// Sets a function that is called before events are handled (by `yield` and before every dialog), for
+    /// example to report appended rows to the views.
     void setBeforeDispatch(std::function<void()> beforeDispatch);
 
     void showMessage(std::u16string_view text) override;
     void showApplicationError(std::u16string_view text) override;
-    bool askYesNo(std::u16string_view text) override;
-    std::u16string askText(std::u16string_view prompt, std::u16string_view proposedAnswer) override;
-    /// Opens in the folder of the last choice of this session; so does `chooseFileToSave`.
-    std::u16string chooseFilesToOpen(const FileDialog& dialog) override;
-    std::u16string chooseFileToSave(const FileDialog& dialog) override;
-    std::u16string browseForFolder(std::u16string_view prompt, std::u16string_view startFolder) override;
+    [[nodiscard]] bool askYesNo(std::u16string_view text) override;
+    [[nodiscard]] std::u16string askText(std::u16string_view prompt,
+                                         std::u16string_view proposedAnswer) override;
+    /// This dialog and that of `chooseFileToSave` open in the folder of the last choice of this session.
+    [[nodiscard]] std::u16string chooseFilesToOpen(const FileDialog& dialog) override;
+    [[nodiscard]] std::u16string chooseFileToSave(const FileDialog& dialog) override;
+    [[nodiscard]] std::u16string browseForFolder(std::u16string_view prompt,
+                                                 std::u16string_view startFolder) override;
     void setPointer(PointerShape shape) override;
-    /// Handles events when at least 8 ms, and eight times as long as the last handling took, have passed
-    /// since; otherwise costs one look at the clock.
+    /// Handles events if the last handling is at least 8 ms and eight times its own duration ago, but waits
+    /// no longer than 100 ms. Otherwise it only reads the clock.
     void yield() override;
-    /// Remembers the values; the widgets follow at most every 50 ms, when events are handled.
+    /// Stores the values. The widgets are updated at most every 50 ms, before events are handled.
     void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) override;
     void endProgress(std::u16string_view summary) override;
     void setClipboardText(std::u16string_view text) override;

@@ -29,14 +29,32 @@ using namespace brindlewick;
 
 constexpr int wrongArguments = 2;
 
-constexpr const char* usage =
+constexpr const char* usageBeforeModes =
     "usage: extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- "
     "FILE...\n"
-    "  --mode N            0 no mode, 1 value and tag, 2 value without tag, 3 entire line, 4 all\n"
+    "  --mode N            the extraction mode:\n"
+    "                      0 none\n";
+constexpr const char* usageAfterModes =
     "  --include-filename  rows carry the file's path\n"
     "  --tag TEXT          a tag to look for\n"
     "  --tags-file FILE    UTF-8, one tag a line (LF or CR LF); the last line's end adds no tag\n"
     "  --count             print figures instead of rows\n";
+
+void printUsage() {
+    std::string modes;
+    for (const ModeEntry& entry : extractionModes)
+        modes += std::string(22, ' ') + std::to_string(static_cast<int>(entry.mode)) + ' ' +
+                 toUtf8(entry.caption) + '\n';
+    std::fprintf(stderr, "%s%s%s", usageBeforeModes, modes.c_str(), usageAfterModes);
+}
+
+/// The mode for a number of one digit; none when the text is not the number of a mode.
+std::optional<ExtractionMode> modeFromDigit(std::string_view text) {
+    if (text.size() != 1)
+        return std::nullopt;
+    const auto mode = static_cast<ExtractionMode>(text[0] - '0');
+    return mode == ExtractionMode::none || placeOf(mode) ? std::optional(mode) : std::nullopt;
+}
 
 struct Arguments {
     std::optional<ExtractionMode> mode;
@@ -71,9 +89,9 @@ std::optional<Arguments> readArguments(std::span<char*> words) {
         const std::string_view word = words[at];
         if (word == "--mode") {
             const char* const digit = value();
-            if (digit == nullptr || digit[0] < '0' || digit[0] > '4' || digit[1] != '\0')
+            arguments.mode = modeFromDigit(digit == nullptr ? "" : digit);
+            if (!arguments.mode)
                 return std::nullopt;
-            arguments.mode = static_cast<ExtractionMode>(digit[0] - '0');
         } else if (word == "--include-filename") {
             arguments.includeFilename = true;
         } else if (word == "--count") {
@@ -137,7 +155,7 @@ int main(int count, char** words) {
     const std::optional<Arguments> arguments =
         readArguments(std::span(words, static_cast<std::size_t>(count)).subspan(1));
     if (!arguments) {
-        std::fputs(usage, stderr);
+        printUsage();
         return wrongArguments;
     }
     UnattendedUser user;

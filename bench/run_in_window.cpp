@@ -1,4 +1,4 @@
-// Runs the extraction from the main window and by itself, in turn, and tells how long each took.
+// Runs the extraction from the main window and by itself, in turn, and prints how long each took.
 //
 //     run_in_window MODE TAG FILE
 #include "app/main_window.h"
@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -54,8 +55,9 @@ double byItself(ExtractionMode mode, const std::u16string& tag, const std::u16st
 
 int main(int count, char** words) {
     const QApplication application(count, words);
-    const int mode = count == 4 ? std::atoi(words[1]) : 0;
-    if (mode < 1 || mode > 4) {
+    const auto mode = static_cast<ExtractionMode>(count == 4 ? std::atoi(words[1]) : 0);
+    const std::optional<std::size_t> place = placeOf(mode);
+    if (!place) {
         std::fputs("usage: run_in_window MODE TAG FILE\n", stderr);
         return EXIT_FAILURE;
     }
@@ -68,9 +70,8 @@ int main(int count, char** words) {
     window.tags().clear();
     window.inputFiles().append(file);
     window.tags().append(tag);
-    window.controls().options()[static_cast<std::size_t>(mode - 1)]->click();
+    window.controls().Options[*place]->click();
     for (int round = 0; round < rounds; ++round)
-        std::printf("window %.6f alone %.6f\n", inWindow(window),
-                    byItself(static_cast<ExtractionMode>(mode), tag, file));
+        std::printf("window %.6f alone %.6f\n", inWindow(window), byItself(mode, tag, file));
     return EXIT_SUCCESS;
 }

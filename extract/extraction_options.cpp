@@ -11,8 +11,8 @@ namespace brindlewick {
 
 namespace {
 
-// No mode's number needs a longer text, not even one with every decimal place written out.
-constexpr std::size_t longestNumber = 64;
+// Code units: enough for the number of any mode, even with 28 decimal places.
+constexpr std::size_t maxNumberLength = 64;
 
 bool isEqual(const DecimalNumber& number, std::uint32_t whole) {
     if (number.negative || number.high != 0)
@@ -43,14 +43,13 @@ ExtractionMode modeFromSetting(std::u16string_view stored) {
     // The longest leading part that is a number counts: u"2abc" is 2, u"1.0" is 1.
     const std::size_t start = std::min(stored.find_first_not_of(u" \t\r\n"), stored.size());
     const std::size_t end = std::min(stored.find_first_not_of(u"+-0123456789.eE", start), stored.size());
-    for (std::size_t length = std::min<std::size_t>(end - start, longestNumber); length > 0; --length) {
+    for (std::size_t length = std::min<std::size_t>(end - start, maxNumberLength); length > 0; --length) {
         const DecimalReading reading = readDecimal(stored.substr(start, length));
         if (reading.failure)
             continue;
-        for (const auto mode : {ExtractionMode::valueAndTag, ExtractionMode::valueWithoutTag,
-                                ExtractionMode::entireLine, ExtractionMode::all})
-            if (isEqual(reading.number, static_cast<std::uint32_t>(mode)))
-                return mode;
+        for (const ModeEntry& entry : extractionModes)
+            if (isEqual(reading.number, static_cast<std::uint32_t>(entry.mode)))
+                return entry.mode;
         return ExtractionMode::none;
     }
     return ExtractionMode::none;
@@ -67,21 +66,17 @@ std::int32_t flagFromSetting(std::u16string_view stored) {
     return number;
 }
 
-std::u16string explainModes(const std::array<std::u16string, 4>& captions) {
-    static constexpr std::array<std::u16string_view, 4> explanations = {
-        u" - will extract all characters including tag name",
-        u" - will extract only value characters without tag name",
-        u" - will extract only strings containing tag name",
-        u" - will extract all characters including tags names without filters",
-    };
+std::u16string explainModes(const PerMode<std::u16string>& captions) {
     std::u16string text;
-    for (std::size_t mode = 0; mode < captions.size(); ++mode)
-        text.append(captions[mode]).append(explanations[mode]).append(u"\r\n\r\n");
+    for (std::size_t place = 0; place < captions.size(); ++place)
+        text.append(captions[place])
+            .append(u" - ")
+            .append(extractionModes[place].explanation)
+            .append(u"\r\n\r\n");
     return text.append(u"If you need more extraction features please email ")
         .append(supportAddress)
-        .append(
-            u" and I will add them if you give an example of what you have (before) and what you want for "
-            u"results (after).");
+        .append(u" and I will add them if you give an example of what you have (before) and what you want "
+                u"for results (after).");
 }
 
 } // namespace brindlewick

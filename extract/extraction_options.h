@@ -4,7 +4,9 @@
 #include "platform/settings_store.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,21 +21,52 @@ enum class ExtractionMode : std::int32_t {
     all = 4,
 };
 
+/// A mode, the option button that selects it, and what the "?" message says about it.
+struct ModeEntry {
+    ExtractionMode mode;
+    std::u16string_view control; ///< the option button's name
+    std::u16string_view caption; ///< the option button's caption
+    std::u16string_view explanation;
+};
+
+/// Every mode but `none`, in ascending order of their numbers. To add one, add its number above, its entry
+/// here, its handler in option_handlers, and its rows in file_extraction.
+inline constexpr auto extractionModes = std::to_array<ModeEntry>({
+    {ExtractionMode::valueAndTag, u"Option1", u"Extract value and tag",
+     u"will extract all characters including tag name"},
+    {ExtractionMode::valueWithoutTag, u"Option2", u"Extract value without tag",
+     u"will extract only value characters without tag name"},
+    {ExtractionMode::entireLine, u"Option3", u"Extract entire line containing tag",
+     u"will extract only strings containing tag name"},
+    {ExtractionMode::all, u"Option4", u"Extract all",
+     u"will extract all characters including tags names without filters"},
+});
+
+/// A value for each entry of `extractionModes`, in that order.
+template <class Value>
+using PerMode = std::array<Value, extractionModes.size()>;
+
+/// The mode's place in `extractionModes`; none for ExtractionMode::none.
+[[nodiscard]] constexpr std::optional<std::size_t> placeOf(ExtractionMode mode) noexcept {
+    for (std::size_t place = 0; place < extractionModes.size(); ++place)
+        if (extractionModes[place].mode == mode)
+            return place;
+    return std::nullopt;
+}
+
 class ExtractionOptions {
 public:
     explicit ExtractionOptions(SettingsStore& settings) noexcept : settings_(settings) {}
 
-    ExtractionMode mode() const noexcept { return mode_; }
-    bool includeFilename() const noexcept { return includeFilename_; }
+    [[nodiscard]] ExtractionMode mode() const noexcept { return mode_; }
+    [[nodiscard]] bool includeFilename() const noexcept { return includeFilename_; }
 
-    /// Takes the mode over and stores its number under "Option" at once. The mode holds even when storing
-    /// fails.
+    /// Sets the mode and stores its number under "Option" at once. The mode is set even when storing fails.
     void chooseMode(ExtractionMode mode);
-    /// Takes the flag over and stores "0" or "1" under "Check1" at once. The flag holds even when storing
-    /// fails.
+    /// Sets the flag and stores "0" or "1" under "Check1" at once. The flag is set even when storing fails.
     void setIncludeFilename(bool include);
 
-    /// No mode is selected; what is stored stays, so that a later version's mode survives this one.
+    /// Selects no mode and stores nothing, so that the stored mode of a later version is not lost.
     void selectNone() noexcept { mode_ = ExtractionMode::none; }
 
 private:
@@ -42,14 +75,14 @@ private:
     bool includeFilename_ = false;
 };
 
-/// The mode that a stored "Option" names: blanks are passed over and leading digits count, so u"2abc" is mode
-/// 2; text without a leading number, and any number but 1 to 4, is none.
-ExtractionMode modeFromSetting(std::u16string_view stored);
-/// The number of a stored "Check1" or "ShowAgain", strictly: text that is no whole number fails with
-/// typeMismatch, one beyond 16 bits with overflow.
-std::int32_t flagFromSetting(std::u16string_view stored);
+/// The mode for a stored "Option". Leading blanks are skipped and leading digits count, so u"2abc" is mode 2.
+/// Text without a leading number, and the number of no mode, give `none`.
+[[nodiscard]] ExtractionMode modeFromSetting(std::u16string_view stored);
+/// The number of a stored "Check1" or "ShowAgain". Text that is not a whole number fails with typeMismatch,
+/// a number that does not fit 16 bits with overflow.
+[[nodiscard]] std::int32_t flagFromSetting(std::u16string_view stored);
 
-/// What the "?" button says, with the four modes' captions as they stand (index 0 is mode 1).
-std::u16string explainModes(const std::array<std::u16string, 4>& captions);
+/// The text of the "?" message. `captions` are those that the option buttons show now.
+[[nodiscard]] std::u16string explainModes(const PerMode<std::u16string>& captions);
 
 } // namespace brindlewick

@@ -8,16 +8,22 @@ namespace brindlewick {
 
 namespace {
 
-// Code units; 1 MiB. A text that would waste much of the room left gets an arena of its own.
+// Code units; 1 MiB. A text that would waste much of an arena's free space gets an arena of its own.
 constexpr std::size_t arenaLength = std::size_t{1} << 19;
-constexpr std::size_t longestSharedArenaText = arenaLength / 8;
+constexpr std::size_t maxSharedArenaText = arenaLength / 8;
 
-constexpr int wholeWidth = 7000; // twips
-constexpr int halfWidth = 3500;
+constexpr std::size_t maxFiles = std::size_t{1} << 30;
 
-constexpr std::size_t mostFiles = std::size_t{1} << 30;
+using Content = TableColumn::Content;
+constexpr TableColumn columnsWithFilename[] = {{u"Filename", 3500, Content::filename},
+                                               {u"Results", 3500, Content::result}};
+constexpr TableColumn columnsWithoutFilename[] = {{u"Results", 7000, Content::result}};
 
-/// Tells the listener, if there is one, before and after a reset.
+constexpr std::span<const TableColumn> columnsFor(bool withFilename) {
+    return withFilename ? std::span<const TableColumn>(columnsWithFilename) : columnsWithoutFilename;
+}
+
+/// Calls the listener, if there is one, before and after a reset.
 class ResetScope {
 public:
     explicit ResetScope(ResultsTableListener* listener) : listener_(listener) {
@@ -42,16 +48,13 @@ ResultsTable::~ResultsTable() = default;
 
 void ResultsTable::setColumns(bool withFilename) {
     const ResetScope reset(listener_);
-    if (withFilename)
-        columns_ = {{u"Filename", halfWidth}, {u"Results", halfWidth}};
-    else
-        columns_ = {{u"Results", wholeWidth}};
+    columns_ = columnsFor(withFilename);
 }
 
 void ResultsTable::clearAll() {
     const ResetScope reset(listener_);
     discardRows();
-    columns_.clear();
+    columns_ = {};
 }
 
 void ResultsTable::clearRows() {
@@ -77,7 +80,7 @@ void ResultsTable::truncateRows(std::size_t rowCount) {
 }
 
 void ResultsTable::beginFile(std::u16string_view path) {
-    if (files_.size() == mostFiles)
+    if (files_.size() == maxFiles)
         throw Failure(FailureNumber::outOfMemory);
     files_.emplace_back(path);
 }
@@ -87,7 +90,7 @@ ResultsTable::Text ResultsTable::store(std::u16string_view text) {
         throw Failure(FailureNumber::outOfMemory);
     Text stored;
     stored.length_ = static_cast<std::uint32_t>(text.size());
-    if (text.size() > arenaLeft_ && text.size() > longestSharedArenaText) {
+    if (text.size() > arenaLeft_ && text.size() > maxSharedArenaText) {
         arenas_.push_back(std::make_unique_for_overwrite<char16_t[]>(text.size()));
         std::copy(text.begin(), text.end(), arenas_.back().get());
         stored.units_ = arenas_.back().get();
@@ -111,18 +114,29 @@ void ResultsTable::appendRow(Text text, bool withFilename) {
     Row& row = at(rowCount_);
     row.units = text.units_;
     row.length = text.length_;
-    row.file = static_cast<std::uint32_t>(files_.size() - 1) & (mostFiles - 1);
+    row.file = static_cast<std::uint32_t>(files_.size() - 1) & (maxFiles - 1);
     row.withFilename = withFilename ? 1 : 0;
     row.checked = 1;
     ++rowCount_;
+    if (announcesAppend_) {
+        announcesAppend_ = false;
+        listener_->rowWasAppended();
+    }
 }
 
 std::u16string_view ResultsTable::cell(std::size_t row, std::size_t column) const {
     const Row& stored = at(row);
-    const std::size_t textColumn = stored.withFilename != 0 ? 1 : 0;
-    if (column == textColumn)
+    // The columns as they were when the row was appended; the table's may differ.
+    const std::span<const TableColumn> columns = columnsFor(stored.withFilename != 0);
+    if (column >= columns.size())
+        return {};
+    switch (columns[column].content) {
+    case Content::filename:
+        return files_[stored.file];
+    case Content::result:
         return {stored.units, stored.length};
-    return column < textColumn ? std::u16string_view(files_[stored.file]) : std::u16string_view();
+    }
+    return {};
 }
 
 bool ResultsTable::isChecked(std::size_t row) const {

@@ -1,12 +1,13 @@
 // The results table: rows in the order produced, each a text, the file it comes from and a check mark.
 //
-// Lean by design: a row is 16 bytes; the text of a run of identical rows is stored once, and a file's path
-// once for all its rows. Nothing moves once it is stored, so a million rows are never copied to grow.
+// A row takes 16 bytes. Identical rows in succession share one copy of their text, and all rows of a file
+// share its path. What is stored never moves, so the table grows without copying rows.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,17 +15,21 @@
 namespace brindlewick {
 
 struct TableColumn {
+    enum class Content : std::uint8_t { filename, result };
+
     std::u16string_view caption;
-    int widthInTwips = 0; ///< 1440 to the inch
+    int widthInTwips; ///< 1440 to the inch
+    Content content;
 };
 
-/// Told of changes to the table before they can be seen. Appended rows are not announced one by one: whoever
-/// shows the table compares rowCount() with what it has shown.
+/// Is called on the window's thread, inside the operation that changes the table.
 class ResultsTableListener {
 public:
     virtual ~ResultsTableListener() = default;
     virtual void tableWillBeReset() = 0; ///< rows or columns are about to be cleared
     virtual void tableWasReset() = 0;
+    /// A row was appended, the first since announceNextAppend().
+    virtual void rowWasAppended() = 0;
 };
 
 class ResultsTable {
@@ -43,30 +48,36 @@ public:
 
     /// Replaces the columns: "Filename" and "Results" (3500 twips each), or "Results" alone (7000 twips).
     void setColumns(bool withFilename);
-    /// Takes all rows and all columns away.
+    /// Removes all rows and all columns.
     void clearAll();
-    /// Takes all rows away; the columns stay.
+    /// Removes all rows and keeps the columns.
     void clearRows();
-    /// Takes the rows from `rowCount` on away, as when the file they come from turns out to be unreadable.
+    /// Removes the rows from `rowCount` on, for example when their file turns out to be unreadable.
     void truncateRows(std::size_t rowCount);
 
-    /// Makes `path` the file of the rows that follow.
+    /// Sets the file path of the rows that are appended from now on.
     void beginFile(std::u16string_view path);
-    /// Stores a text once. Fails with outOfMemory when it is longer than `longestText`.
-    Text store(std::u16string_view text);
+    /// Stores a text for any number of rows. Fails with outOfMemory when it is longer than `longestText`.
+    [[nodiscard]] Text store(std::u16string_view text);
     /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second
     /// the text; without it, the first cell is the text and a second column stays empty.
     void appendRow(Text text, bool withFilename);
 
-    std::size_t rowCount() const noexcept { return rowCount_; }
-    const std::vector<TableColumn>& columns() const noexcept { return columns_; }
+    [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
+    [[nodiscard]] std::span<const TableColumn> columns() const noexcept { return columns_; }
     /// The text of a cell; `row` and `column` from 0. Valid until the rows are cleared.
-    std::u16string_view cell(std::size_t row, std::size_t column) const;
-    bool isChecked(std::size_t row) const;
+    [[nodiscard]] std::u16string_view cell(std::size_t row, std::size_t column) const;
+    [[nodiscard]] bool isChecked(std::size_t row) const;
     void setChecked(std::size_t row, bool checked);
 
-    /// At most one listener, the model behind the window's view; nullptr takes it off.
-    void setListener(ResultsTableListener* listener) noexcept { listener_ = listener; }
+    /// There is at most one listener; nullptr removes it. Its first appended row is announced.
+    void setListener(ResultsTableListener* listener) noexcept {
+        listener_ = listener;
+        announceNextAppend();
+    }
+    /// Announces the next appended row, and no row after it until this is called again. So a listener that
+    /// calls this whenever it has caught up gets one call for a batch of rows.
+    void announceNextAppend() noexcept { announcesAppend_ = listener_ != nullptr; }
 
 private:
     struct Row {
@@ -85,7 +96,7 @@ private:
     const Row& at(std::size_t row) const { return blocks_[row / rowsPerBlock][row % rowsPerBlock]; }
     Row& at(std::size_t row) { return blocks_[row / rowsPerBlock][row % rowsPerBlock]; }
 
-    std::vector<TableColumn> columns_;
+    std::span<const TableColumn> columns_;
     std::vector<std::unique_ptr<Row[]>> blocks_;
     std::size_t rowCount_ = 0;
     std::vector<std::u16string> files_;
@@ -93,6 +104,7 @@ private:
     char16_t* arenaNext_ = nullptr;
     std::size_t arenaLeft_ = 0; ///< code units
     ResultsTableListener* listener_ = nullptr;
+    bool announcesAppend_ = false;
 };
 
 } // namespace brindlewick

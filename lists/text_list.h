@@ -10,8 +10,7 @@
 
 namespace brindlewick {
 
-/// Told of changes to a list. Appended rows are not announced one by one: whoever shows the list compares
-/// size() with what it has shown.
+/// Is called on the window's thread, inside the operation that changes the list.
 class TextListListener {
 public:
     virtual ~TextListListener() = default;
@@ -20,6 +19,8 @@ public:
     virtual void rowWasChanged(std::size_t row) = 0;
     virtual void listWillBeReset() = 0;
     virtual void listWasReset() = 0;
+    /// A row was appended, the first since announceNextAppend().
+    virtual void rowWasAppended() = 0;
 };
 
 class TextList {
@@ -37,6 +38,10 @@ public:
     void append(std::u16string text) {
         taken_.reset();
         texts_.push_back(std::move(text));
+        if (announcesAppend_) {
+            announcesAppend_ = false;
+            listener_->rowWasAppended();
+        }
     }
     void removeAt(std::size_t row);
     void clear();
@@ -46,8 +51,14 @@ public:
     /// Exchanges the texts of two rows; the rows stay where they are.
     void exchange(std::size_t first, std::size_t second);
 
-    /// At most one listener, the model behind the window's view; nullptr takes it off.
-    void setListener(TextListListener* listener) noexcept { listener_ = listener; }
+    /// There is at most one listener; nullptr removes it. Its first appended row is announced.
+    void setListener(TextListListener* listener) noexcept {
+        listener_ = listener;
+        announceNextAppend();
+    }
+    /// Announces the next appended row, and no row after it until this is called again. So a listener that
+    /// calls this whenever it has caught up gets one call for a batch of rows.
+    void announceNextAppend() noexcept { announcesAppend_ = listener_ != nullptr; }
 
 private:
     struct Taken {
@@ -58,6 +69,7 @@ private:
     std::vector<std::u16string> texts_;
     std::optional<Taken> taken_; ///< by the last change
     TextListListener* listener_ = nullptr;
+    bool announcesAppend_ = false;
 };
 
 /// True when a row has exactly the given text, letter case included.

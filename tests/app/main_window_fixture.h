@@ -1,4 +1,4 @@
-// A window of its own for a test, with settings in a folder that is gone afterwards.
+// Opens main windows for a test, with settings and files in temporary folders.
 #pragma once
 
 #include "app/main_window.h"
@@ -25,15 +25,15 @@ protected:
              {std::pair(u"Option", u"1"), {u"Check1", u"0"}, {u"Tags", u""}, {u"Snapshot", u""}})
             settings.SaveSetting(key, value);
     }
-    /// A window as it opens with what is stored now.
+    /// Opens a window with the settings as they are stored now.
     std::unique_ptr<Form1> open() {
         auto window = std::make_unique<Form1>(folder.text(), [this] { ++ended; });
         window->Form_Load();
         window->show();
         return window;
     }
-    /// Presses OK in every message box that `action` opens, and keeps their texts. File dialogs are
-    /// given the file "chosen".
+    /// Accepts every dialog that `action` opens and returns the texts of the message boxes and the object
+    /// names of the others. In file dialogs it chooses the file "chosen".
     std::vector<std::string> messagesOf(const std::function<void()>& action) {
         std::vector<std::string> messages;
         QTimer timer;

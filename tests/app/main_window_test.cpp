@@ -1,4 +1,4 @@
-#include "app/application_title.h"
+// The main window as a user sees and operates it.
 #include "app/main_window_fixture.h"
 #include "app/qt_text.h"
 #include "platform/busy_scope.h"
@@ -46,14 +46,16 @@ TEST_F(MainWindow, RestoresTheModeThatIsStored) {
     for (const auto& [option, mode] : cases) {
         settings.SaveSetting(u"Option", option);
         const auto window = open();
-        const auto options = window->controls().options();
-        for (std::size_t at = 0; at < 4; ++at)
-            EXPECT_EQ(options[at]->isChecked(), static_cast<int>(at) + 1 == mode) << at;
+        const auto options = window->controls().Options;
+        for (int number = 1; QRadioButton * button : options)
+            EXPECT_EQ(button->isChecked(), number++ == mode) << mode;
         if (mode != 0)
             continue;
         EXPECT_EQ(settings.GetSetting(u"Option", u""), option);
-        options[2]->click();
-        EXPECT_EQ(settings.GetSetting(u"Option", u""), u"3");
+        for (char16_t digit = u'1'; QRadioButton * button : options) {
+            button->click();
+            EXPECT_EQ(settings.GetSetting(u"Option", u""), std::u16string(1, digit++));
+        }
     }
 }
 
@@ -70,10 +72,10 @@ TEST_F(MainWindow, RestoresTheBoxTheColumnsAndTheTagsAndSavesThemWhenItCloses) {
     EXPECT_EQ(ended, 1);
     EXPECT_EQ(settings.GetSetting(u"Tags", u""), u"a||MySeparator12||b||MySeparator12||");
 
-    settings.SaveSetting(u"Check1", u"yes"); // no number: reported, and the tags come all the same
+    settings.SaveSetting(u"Check1", u"yes"); // not a number: reported, and the tags are restored
     EXPECT_EQ(messagesOf([&] { window = open(); }).size(), 1U);
     EXPECT_EQ(window->tags().size(), 2U);
-    for (int tag = 0; tag < 32767; ++tag) // too many to count
+    for (int tag = 0; tag < 32767; ++tag) // more than a row counter holds
         window->tags().append(u"x");
     EXPECT_EQ(messagesOf([&] { window->close(); }).size(), 1U);
     EXPECT_EQ(settings.GetSetting(u"Tags", u"unset"), u"");
@@ -109,7 +111,7 @@ TEST_F(MainWindow, IgnoresButtonsWhileAnOperationIsUnderWay) {
             for (QPushButton* button : window->findChildren<QPushButton*>())
                 button->click();
         });
-        EXPECT_EQ(messages.size(), 2U); // help, and what the modes are: they change nothing
+        EXPECT_EQ(messages.size(), 2U); // "Help" and "?"
         EXPECT_EQ(window->tags().size(), 1U);
         EXPECT_EQ(window->inputFiles().size(), 1U);
     }
@@ -139,7 +141,7 @@ TEST_F(MainWindow, RemovesEntriesByKeyButtonAndDoubleClick) {
     EXPECT_EQ(window->tags().size(), 2U);
 }
 
-TEST_F(MainWindow, GivesBackWithCtrlZWhatAClearTook) {
+TEST_F(MainWindow, UndoesAClearWithCtrlZ) {
     const auto window = open();
     QApplication::setActiveWindow(window.get());
     window->tags().append(u"x");
@@ -187,7 +189,7 @@ TEST_F(MainWindow, VisitsEveryControlWithTheTabKeyInReadingOrder) {
               "PushButton2 ListView2 PushButton6 PushButton12 PushButton11 PushButton9 ");
 }
 
-TEST(ApplicationTitle, LosesItsLastWordsAndKeepsASingleOne) {
+TEST(ApplicationTitle, IsTheNameWithoutItsLastWords) {
     EXPECT_EQ(applicationTitle(u"Brindlewick"), u"Brindlewick");
     EXPECT_EQ(applicationTitle(u"Two Words"), u"Two");
     EXPECT_EQ(applicationTitle(u"Abcdefghij Abcdefghij Abcdefghij Abcdefghij Abc"),

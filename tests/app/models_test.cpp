@@ -1,10 +1,12 @@
-#include "app/display_text.h"
+// The models of the lists and the table, and the view of the table.
+#include "app/qt_text.h"
 #include "app/results_model.h"
 #include "app/results_view.h"
 #include "app/text_list_model.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace brindlewick {
@@ -18,17 +20,63 @@ TEST(DisplayText, ShowsTheBeginningOnOneLine) {
     EXPECT_FALSE(displayText(std::u16string(499, u'x') + u"\U0001F600 and more").at(499).isSurrogate());
 }
 
+/// How often the model reports new rows while `append` and then the event loop run.
+int batchesOf(QAbstractItemModel& model, const std::function<void()>& append) {
+    int batches = 0;
+    QObject connection;
+    QObject::connect(&model, &QAbstractItemModel::rowsInserted, &connection, [&] { ++batches; });
+    append();
+    QCoreApplication::processEvents();
+    return batches;
+}
+
+TEST(TextListModel, ShowsAppendedRowsInOneBatchWhenTheEventLoopContinues) {
+    TextList list;
+    TextListModel model(list);
+    const auto append = [&] {
+        for (int row = 0; row < 1000; ++row)
+            list.append(u"text");
+    };
+    for (const int rows : {1000, 2000}) {
+        EXPECT_EQ(batchesOf(model, append), 1);
+        EXPECT_EQ(model.rowCount(), rows);
+    }
+    append();
+    list.clear(); // before the model has caught up
+    EXPECT_EQ(batchesOf(model, append), 1);
+    EXPECT_EQ(model.rowCount(), 1000);
+}
+
+TEST(ResultsModel, ShowsAppendedRowsInOneBatchWhenTheEventLoopContinues) {
+    ResultsTable table;
+    ResultsModel model(table);
+    table.setColumns(false);
+    table.beginFile(u"f");
+    const auto append = [&] {
+        for (int row = 0; row < 1000; ++row)
+            table.appendRow(table.store(u"text"), false);
+    };
+    for (const int rows : {1000, 2000}) {
+        EXPECT_EQ(batchesOf(model, append), 1);
+        EXPECT_EQ(model.rowCount(), rows);
+    }
+    append();
+    table.truncateRows(500); // before the model has caught up
+    EXPECT_EQ(batchesOf(model, append), 1);
+    EXPECT_EQ(model.rowCount(), 1500);
+}
+
 TEST(TextListModel, FollowsItsList) {
     TextList list;
     TextListModel model(list);
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     for (const char16_t* text : {u"a", u"b", u"c"})
         list.append(text);
-    EXPECT_EQ(model.rowCount(), 0); // until the next batch
+    EXPECT_EQ(model.rowCount(), 0); // not before it catches up
     model.catchUp();
     EXPECT_EQ(model.rowCount(), 3);
     list.append(u"d");
-    list.removeAt(1); // the rest of the batch comes first
+    list.removeAt(1); // the model catches up first
     EXPECT_EQ(model.rowCount(), 3);
     int changes = 0;
     QObject::connect(&model, &QAbstractItemModel::dataChanged, [&] { ++changes; });
@@ -74,7 +122,7 @@ TEST(ResultsView, TicksAllSelectedRowsWithSpaceAndGoesToTheEnds) {
     QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
     for (const bool isTicked : {false, true}) {
-        QTest::keyClick(&view, Qt::Key_Space); // all get what the current row, 4, has not
+        QTest::keyClick(&view, Qt::Key_Space); // the current row, 4, was ticked
         for (const std::size_t row : {2U, 3U, 4U})
             EXPECT_EQ(table.isChecked(row), isTicked);
         EXPECT_TRUE(table.isChecked(5));
@@ -83,7 +131,7 @@ TEST(ResultsView, TicksAllSelectedRowsWithSpaceAndGoesToTheEnds) {
     EXPECT_EQ(view.selectedRow(), 99U);
     QTest::keyClick(&view, Qt::Key_Home);
     EXPECT_EQ(view.selectedRow(), 0U);
-    view.clearSelection(); // as Tab leaves it
+    view.clearSelection(); // as after Tab
     QTest::keyClick(&view, Qt::Key_Space);
     EXPECT_FALSE(table.isChecked(0));
 }

@@ -1,7 +1,8 @@
-// The start-up picture: when it shows, how its parts lie, and how long it stays.
+// The splash screen: when it is shown, its layout, and for how long.
 #include "app/splash.h"
 
 #include "app/pictures.h"
+#include "app/twips.h"
 #include "platform/failure.h"
 #include "support/failure_of.h"
 #include "support/fake_settings.h"
@@ -22,7 +23,7 @@ using testing::TemporaryFolder;
 
 class SplashTest : public ::testing::Test {
 protected:
-    /// Each look at the clock moves it on; what the window looks like is asked from in between.
+    /// The clock: every call advances it and calls `whileShown` if the splash screen is visible.
     double tick() {
         now += 0.1;
         if (now >= 86400)
@@ -69,7 +70,7 @@ TEST_F(SplashTest, showsOnlyWhenAllowedAndWithAPicture) {
     }
 }
 
-TEST_F(SplashTest, aHiddenSplashLooksAtNoFileAndABadSettingFails) {
+TEST_F(SplashTest, readsNoFileWhenHiddenAndFailsForABadSetting) {
     folder.write("Splash/a.png", "no picture");
     settings.values[u"ShowAgain"] = u"1";
     EXPECT_EQ(testing::failureOf([&] { show(); }), std::nullopt);
@@ -86,7 +87,7 @@ TEST_F(SplashTest, placesPictureStripBoxAndFrame) {
     whileShown = [&] {
         if (std::exchange(looked, true))
             return;
-        const auto pixels = [&](int twips) { return qRound(twips * splash->logicalDpiX() / 1440.0); };
+        const auto pixels = [&](int twips) { return pixelsFromTwips(twips, *splash); };
         const int height = 200 + pixels(300);
         EXPECT_EQ(splash->windowTitle(), "Brindlewick");
         EXPECT_EQ(splash->findChild<QLabel*>("Image1")->geometry(), QRect(0, 0, 300, height));
@@ -94,7 +95,8 @@ TEST_F(SplashTest, placesPictureStripBoxAndFrame) {
         EXPECT_EQ(box.text(), "Hide this at next startup");
         EXPECT_EQ(box.y(), height - box.height() - pixels(20));
         EXPECT_FALSE(box.isChecked());
-        const QPoint ends[] = {{0, 0}, {0, 0}, {300 - pixels(10), 0}, {0, height - pixels(10)}};
+        const int inset = std::max(pixels(10), 1); // visible
+        const QPoint ends[] = {{0, 0}, {0, 0}, {300 - inset, 0}, {0, height - inset}};
         for (int i = 0; i < 4; ++i) {
             const QRect line = splash->findChild<QFrame*>(QString("Line%1").arg(i + 1))->geometry();
             EXPECT_EQ(line.topLeft(), ends[i]) << i;
@@ -106,7 +108,7 @@ TEST_F(SplashTest, placesPictureStripBoxAndFrame) {
     EXPECT_TRUE(looked);
 }
 
-TEST_F(SplashTest, staysFourSecondsEvenOverMidnight) {
+TEST_F(SplashTest, isShownForFourSecondsEvenOverMidnight) {
     folder.write("Splash/a.png", testing::png(5, 5));
     const struct {
         double start;
@@ -121,7 +123,7 @@ TEST_F(SplashTest, staysFourSecondsEvenOverMidnight) {
     }
 }
 
-TEST_F(SplashTest, theBoxIsSavedAtOnceAndAFailureIsReported) {
+TEST_F(SplashTest, savesTheCheckBoxAtOnceAndReportsAFailure) {
     folder.write("Splash/a.png", testing::png(5, 5));
     settings.values[u"ShowAgain"] = u"1";
     show();

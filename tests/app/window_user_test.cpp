@@ -1,10 +1,8 @@
-// Messages, dialogs, pointer, yielding, progress and clipboard as the person at the window meets them.
+// Messages, dialogs, pointer, event handling, progress and clipboard of the main window.
 #include "app/window_user.h"
 
-#include "app/file_dialogs.h"
 #include "app/message_dialog.h"
 #include "app/qt_text.h"
-#include "support/own_separator.h"
 #include "support/temporary_folder.h"
 
 #include <QAbstractButton>
@@ -31,7 +29,6 @@ namespace brindlewick {
 namespace {
 
 using namespace std::string_literals;
-using testing::own;
 using testing::TemporaryFolder;
 
 class WindowUserTest : public ::testing::Test {
@@ -40,7 +37,7 @@ protected:
         window.resize(600, 400);
         window.show();
     }
-    /// Does `act` to the next dialog that opens; a dialog that is still open after it is closed.
+    /// Calls `act` with the next dialog that opens, then closes the dialog if it is still open.
     void withDialog(std::function<void(QDialog&)> act) {
         QTimer::singleShot(0, &window, [this, act = std::move(act)] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -61,7 +58,7 @@ protected:
     int dialogs = 0;
 };
 
-TEST_F(WindowUserTest, messagesCarryTheirTitleIconAndButtons) {
+TEST_F(WindowUserTest, messagesHaveTheirTitleIconAndButtons) {
     user.setApplicationTitle(u"Title & more");
     const struct {
         std::function<void(std::u16string_view)> show;
@@ -72,7 +69,7 @@ TEST_F(WindowUserTest, messagesCarryTheirTitleIconAndButtons) {
         {[&](auto text) { user.showMessage(text); }, "Title & more", QMessageBox::NoIcon, QMessageBox::Ok},
         {[&](auto text) { user.showApplicationError(text); }, "Application Error", QMessageBox::Warning,
          QMessageBox::Ok},
-        {[&](auto text) { user.askYesNo(text); }, "Title & more", QMessageBox::NoIcon,
+        {[&](auto text) { static_cast<void>(user.askYesNo(text)); }, "Title & more", QMessageBox::NoIcon,
          QMessageBox::Yes | QMessageBox::No}};
     for (const auto& expected : cases) {
         withDialog([&](QDialog& dialog) {
@@ -88,7 +85,7 @@ TEST_F(WindowUserTest, messagesCarryTheirTitleIconAndButtons) {
     EXPECT_EQ(dialogs, 3);
 }
 
-TEST_F(WindowUserTest, onlyYesIsYesInShortAndInLongQuestions) {
+TEST_F(WindowUserTest, onlyYesMeansYesInShortAndLongQuestions) {
     const auto click = [](const QString& caption) {
         return [caption](QDialog& dialog) {
             for (auto* button : dialog.findChildren<QPushButton*>())
@@ -134,7 +131,7 @@ TEST(ShownLines, everyLineEndIsOneLineFeed) {
     EXPECT_EQ(shownLines(std::u16string(70000, u'a')).size(), 65537);
 }
 
-TEST_F(WindowUserTest, inputBoxTakesThePromptAsPlainTextAndGivesTheAnswer) {
+TEST_F(WindowUserTest, inputBoxShowsThePromptWithoutMarkupAndReturnsTheAnswer) {
     user.setApplicationTitle(u"T");
     withDialog([](QDialog& dialog) {
         auto& box = dynamic_cast<QInputDialog&>(dialog);
@@ -150,37 +147,7 @@ TEST_F(WindowUserTest, inputBoxTakesThePromptAsPlainTextAndGivesTheAnswer) {
     EXPECT_EQ(user.askText(u"p", u"json"), u"");
 }
 
-TEST(NameFilters, namePatternsTheWayQtMatchesThem) {
-    const std::pair<std::u16string, QStringList> cases[] = {
-        {u"All Files (*.json)|*.json|", {"All Files (*.json) (*.json)"}},
-        {u"All Files (*.*)|*.*|", {"All Files (*.*) (*)"}},
-        {u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|",
-         {"Text Files (*.txt) (*.txt)", "All Files (*.*) (*)"}},
-        {u"Two|*.a;*.b|Caption alone|", {"Two (*.a *.b)"}},
-    };
-    for (const auto& [filter, expected] : cases)
-        EXPECT_EQ(nameFilters(filter), expected);
-}
-
-TEST(JoinedSelection, oneIsAPathAndSeveralAreFolderAndNames) {
-    const std::pair<QStringList, std::u16string> cases[] = {
-        // with "/" for the separator
-        {{}, u""},
-        {{"/d/a.json"}, u"/d/a.json"},
-        {{"/d/e/b.json", "/d/e/a.json"}, u"/d/e\0b.json\0a.json"s},
-        {{"/a", "/b"}, u"/\0a\0b"s},
-        {{"/d/e/a", "/d/ef/b"}, u"/d\0e/a\0ef/b"s},
-        {{"/x/a", "/y/b", "/x/c"}, u"/\0x/a\0y/b\0x/c"s},
-    };
-    for (const auto& [paths, expected] : cases) {
-        QStringList native;
-        for (const QString& path : paths)
-            native += QDir::toNativeSeparators(path);
-        EXPECT_EQ(joinedSelection(native), own(expected));
-    }
-}
-
-TEST_F(WindowUserTest, fileDialogsGiveWhatWasTypedAndReopenInTheSameFolder) {
+TEST_F(WindowUserTest, fileDialogsReturnWhatWasTypedAndReopenInTheSameFolder) {
     const TemporaryFolder folder;
     folder.write("in/a b.json", "1");
     folder.write("in/c.json", "2");
@@ -211,7 +178,7 @@ TEST_F(WindowUserTest, fileDialogsGiveWhatWasTypedAndReopenInTheSameFolder) {
     }
 }
 
-TEST_F(WindowUserTest, folderBrowserStartsWhereAskedAndSurvivesAMissingStart) {
+TEST_F(WindowUserTest, folderBrowserStartsInTheGivenFolderEvenIfItIsMissing) {
     const TemporaryFolder folder;
     folder.write("sub/x", "");
     withDialog([&](QDialog& dialog) {
@@ -226,7 +193,7 @@ TEST_F(WindowUserTest, folderBrowserStartsWhereAskedAndSurvivesAMissingStart) {
     EXPECT_EQ(user.browseForFolder(u"p", folder.text("gone")), u"");
 }
 
-TEST_F(WindowUserTest, pointerIsTheWindowsOwnAndNeverPilesUp) {
+TEST_F(WindowUserTest, pointerIsTheWindowsOwnAndNeedsNoRestore) {
     const auto shape = [&] { return window.cursor().shape(); };
     user.setPointer(PointerShape::custom);
     EXPECT_EQ(shape(), Qt::ArrowCursor) << "no hand loaded";
@@ -240,7 +207,7 @@ TEST_F(WindowUserTest, pointerIsTheWindowsOwnAndNeverPilesUp) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(WindowUserTest, yieldHandlesEventsNowAndThenAndCostsLittleOtherwise) {
+TEST_F(WindowUserTest, yieldHandlesEventsAtIntervalsAndCostsLittleOtherwise) {
     int handled = 0;
     int prepared = 0;
     QTimer timer;
@@ -259,7 +226,7 @@ TEST_F(WindowUserTest, yieldHandlesEventsNowAndThenAndCostsLittleOtherwise) {
     EXPECT_GT(yields, 20'000);
 }
 
-TEST_F(WindowUserTest, aFailureBeforeDispatchReachesTheCallerAndNotTheEventLoop) {
+TEST_F(WindowUserTest, aFailureBeforeDispatchGoesToTheCallerOfYield) {
     user.setBeforeDispatch([] { throw std::runtime_error("rows"); });
     EXPECT_THROW(user.yield(), std::runtime_error);
     EXPECT_THROW(user.showMessage(u"m"), std::runtime_error);
@@ -267,7 +234,7 @@ TEST_F(WindowUserTest, aFailureBeforeDispatchReachesTheCallerAndNotTheEventLoop)
     EXPECT_NO_THROW(user.yield());
 }
 
-TEST_F(WindowUserTest, progressShowsAtOnceThenFollowsAndLeavesTheSummary) {
+TEST_F(WindowUserTest, progressIsShownAtOnceThenAtIntervalsAndEndsWithTheSummary) {
     auto& label = *window.findChild<QLabel*>("progressLabel");
     auto& bar = *window.findChild<QProgressBar*>("progressBar");
     EXPECT_FALSE(bar.isVisible());
@@ -286,16 +253,16 @@ TEST_F(WindowUserTest, progressShowsAtOnceThenFollowsAndLeavesTheSummary) {
     EXPECT_EQ(label.text(), "Done,  7 rows");
 
     user.showProgress(u"?", 5, 0);
-    EXPECT_EQ(bar.maximum(), 0) << "an unknown share";
+    EXPECT_EQ(bar.maximum(), 0) << "unknown total";
     user.endProgress(u"");
     user.showProgress(u"all", ~std::uint64_t{0}, std::uint64_t{1} << 63);
-    EXPECT_EQ(bar.value(), bar.maximum()) << "more than all is all";
+    EXPECT_EQ(bar.value(), bar.maximum()) << "not above the maximum";
     const int width = window.minimumSizeHint().width();
     user.endProgress(std::u16string(100'000, u'W'));
     EXPECT_EQ(window.minimumSizeHint().width(), width) << "a long text must not widen the window";
 }
 
-TEST_F(WindowUserTest, clipboardHoldsExactlyTheText) {
+TEST_F(WindowUserTest, clipboardGetsTheExactText) {
     for (const std::u16string& text : {u"a\0b"s, u"\xD800 alone"s, u""s, std::u16string(2'000'000, u'\t')}) {
         user.setClipboardText(text);
         EXPECT_EQ(fromQString(QGuiApplication::clipboard()->text()), text);

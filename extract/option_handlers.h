@@ -1,4 +1,4 @@
-// What the mode buttons, the file-name box and the two buttons that explain things do.
+// The handlers of the option buttons, the file-name check box, "?" and "Help".
 #pragma once
 
 #include "extract/extraction_options.h"
@@ -19,9 +19,14 @@ public:
     void Option2_Click();
     void Option3_Click();
     void Option4_Click();
+    /// The handlers of the option buttons, in the order of `extractionModes`.
+    [[nodiscard]] static constexpr PerMode<void (OptionHandlers::*)()> optionClicks() noexcept {
+        return std::to_array({&OptionHandlers::Option1_Click, &OptionHandlers::Option2_Click,
+                              &OptionHandlers::Option3_Click, &OptionHandlers::Option4_Click});
+    }
     void Check1_Click(bool ticked);
-    /// The "?" button; takes the four modes' captions as they stand, mode 1 first.
-    void PushButton15_Click(const std::array<std::u16string, 4>& captions);
+    /// The "?" button. `captions` are those that the option buttons show now.
+    void PushButton15_Click(const PerMode<std::u16string>& captions);
     void PushButton2_Click(); ///< "Help"
 
 private:

@@ -1,18 +1,12 @@
-#include "app/display_text.h"
-
 #include "app/qt_text.h"
+
 #include "platform/text.h"
 
 namespace brindlewick {
 
-namespace {
-
-constexpr std::size_t shownLength = 500; // code units; more than the widest screen has room for
-
-} // namespace
-
 QString displayText(std::u16string_view text) {
-    std::u16string shown(text.substr(0, shownLength));
+    constexpr std::size_t maxLength = 500; // code units: wider than any screen
+    std::u16string shown(text.substr(0, maxLength));
     for (char16_t& unit : shown)
         if (unit < 32 || unit == 127)
             unit = u' ';

@@ -1,4 +1,4 @@
-#include "app/option_handlers.h"
+#include "extract/option_handlers.h"
 
 #include "platform/error_report.h"
 
@@ -29,11 +29,13 @@ void OptionHandlers::Check1_Click(bool ticked) {
     guard([&] { options_.setIncludeFilename(ticked); });
 }
 
-void OptionHandlers::PushButton15_Click(const std::array<std::u16string, 4>& captions) {
+// "?"
+void OptionHandlers::PushButton15_Click(const PerMode<std::u16string>& captions) {
     const Guard guard(user_, u"Form1.PushButton15_Click");
     guard([&] { user_.showMessage(explainModes(captions)); });
 }
 
+// "Help"
 void OptionHandlers::PushButton2_Click() {
     const Guard guard(user_, u"Form1.PushButton2_Click");
     guard([&] {
