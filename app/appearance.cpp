@@ -1,5 +1,4 @@
-// The window's look: the optional skin and the hand pointer over buttons.
-// Files come from the program folder and may hold anything.
+// The files in the program folder may have any content.
 #include "app/appearance.h"
 
 #include "app/cursor_picture.h"
@@ -26,10 +25,9 @@ namespace brindlewick {
 
 namespace {
 
-constexpr std::size_t longestSkin = std::size_t{4} << 20;    // bytes
-constexpr std::size_t longestPointer = std::size_t{1} << 20; // bytes
-// Pixels: no skin makes the window ask for more, and for the memory of it.
-constexpr int largestMinimum = 4096;
+constexpr std::size_t maxSkinSize = std::size_t{4} << 20;    // bytes
+constexpr std::size_t maxPointerSize = std::size_t{1} << 20; // bytes
+constexpr int maxMinimumSide = 4096;                         // pixels; limits the memory for the window
 
 void takeButtonFace(QWidget& widget) {
     QPalette palette = widget.palette();
@@ -38,9 +36,9 @@ void takeButtonFace(QWidget& widget) {
     widget.setAutoFillBackground(true);
 }
 
-/// The skin's text; none when the bytes are no text.
+/// The skin's text; none if the bytes are not UTF-8 text.
 std::optional<QString> skinText(const QByteArray& bytes) {
-    if (static_cast<std::size_t>(bytes.size()) > longestSkin || bytes.contains('\0'))
+    if (static_cast<std::size_t>(bytes.size()) > maxSkinSize || bytes.contains('\0'))
         return std::nullopt;
     QStringDecoder decoder(QStringDecoder::Utf8);
     QString text = decoder.decode(bytes);
@@ -53,7 +51,8 @@ void noteRefusal(QtMsgType, const QMessageLogContext&, const QString& message) {
     styleSheetRefused |= message.contains(QStringLiteral("Could not parse"));
 }
 
-/// Qt tells only in its log that a style sheet cannot be parsed, so it is tried on a widget nobody sees.
+/// Qt reports a style sheet that it cannot parse in its log only, so apply it to a hidden widget and read the
+/// log.
 bool isStyleSheet(const QString& text) {
     styleSheetRefused = false;
     const QtMessageHandler previous = qInstallMessageHandler(&noteRefusal);
@@ -71,10 +70,10 @@ bool fitsAScreen(const QWidget& window) {
         widget->ensurePolished();
     window.ensurePolished();
     const QSize needed = window.minimumSizeHint().expandedTo(window.minimumSize());
-    return needed.width() <= largestMinimum && needed.height() <= largestMinimum;
+    return needed.width() <= maxMinimumSide && needed.height() <= maxMinimumSide;
 }
 
-/// The sizes that a style sheet sets stay when it is taken away, so they are put back one by one.
+/// The minimum and maximum sizes of a window's widgets. Removing a style sheet does not restore them.
 class SizeLimits {
 public:
     explicit SizeLimits(QWidget& window) {
@@ -82,25 +81,25 @@ public:
             limits_.push_back({widget, widget->minimumSize(), widget->maximumSize()});
         limits_.push_back({&window, window.minimumSize(), window.maximumSize()});
     }
-    void putBack() const {
+    void restore() const {
         for (const Limit& limit : limits_) {
-            limit.widget->setMinimumSize(limit.smallest);
-            limit.widget->setMaximumSize(limit.largest);
+            limit.widget->setMinimumSize(limit.minimum);
+            limit.widget->setMaximumSize(limit.maximum);
         }
     }
 
 private:
     struct Limit {
         QWidget* widget;
-        QSize smallest;
-        QSize largest;
+        QSize minimum;
+        QSize maximum;
     };
     std::vector<Limit> limits_;
 };
 
 QByteArray skinBytes(std::u16string_view path) {
     try {
-        return readSmallFile(path, longestSkin);
+        return readSmallFile(path, maxSkinSize);
     } catch (const Failure&) {
         throw Failure(FailureNumber::invalidProcedureCall);
     }
@@ -126,7 +125,7 @@ void ApplySkin(QWidget& window, std::u16string_view programFolder) {
     window.setStyleSheet(*text);
     if (!fitsAScreen(window)) {
         window.setStyleSheet(before);
-        limits.putBack();
+        limits.restore();
         throw Failure(FailureNumber::invalidProcedureCall);
     }
 }
@@ -135,8 +134,8 @@ std::optional<QCursor> loadHandPointer(std::u16string_view programFolder) {
     const std::u16string path = joinedPath(programFolder, u"HAND-M.CUR");
     if (!FileExistsByOpen(path))
         return std::nullopt;
-    const QByteArray bytes = readSmallFile(path, longestPointer);
-    if (static_cast<std::size_t>(bytes.size()) > longestPointer)
+    const QByteArray bytes = readSmallFile(path, maxPointerSize);
+    if (static_cast<std::size_t>(bytes.size()) > maxPointerSize)
         throw Failure(FailureNumber::invalidPicture);
     const CursorPicture cursor = cursorPictureFromBytes(bytes);
     return QCursor(QPixmap::fromImage(cursor.image), cursor.hotSpot.x(), cursor.hotSpot.y());
@@ -145,7 +144,7 @@ std::optional<QCursor> loadHandPointer(std::u16string_view programFolder) {
 HoverPointer::HoverPointer(QWidget& window, UserInterface& user) : window_(window), user_(user) {
     watch(window_);
     for (QWidget* widget : window_.findChildren<QWidget*>()) {
-        // Bare widgets are the window's surface: the central one and those that only hold a layout.
+        // The window's surface: the central widget and those that only carry a layout.
         const bool isSurface = widget->metaObject() == &QWidget::staticMetaObject && !widget->isWindow() &&
                                !qobject_cast<QAbstractScrollArea*>(widget->parentWidget());
         if (isSurface || qobject_cast<QPushButton*>(widget) ||
@@ -168,7 +167,7 @@ bool HoverPointer::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = static_cast<QWidget*>(watched);
     bool overButton = false;
     if (type != QEvent::Leave) {
-        // A button lets its moves through to the surface under it, which must not take the hand away.
+        // A button passes its moves on to the surface below it, where the pointer must stay a hand.
         const QPoint position = static_cast<QSinglePointEvent*>(event)->position().toPoint();
         overButton =
             qobject_cast<QPushButton*>(widget) || qobject_cast<QPushButton*>(widget->childAt(position));

@@ -13,20 +13,20 @@ class QWidget;
 
 namespace brindlewick {
 
-/// Applies the skin file "x/o.cjs" (a Qt style sheet in UTF-8) of the program folder to the window, after
-/// giving its option buttons, check boxes, group boxes and labels the colour of button faces. Pictures beside
-/// the skin are named url(skin:name). A missing file is not an error; one that cannot be loaded, or that
-/// makes the window ask for more than 4,096 pixels, fails with invalidProcedureCall and leaves the window's
-/// style sheet as it was.
+/// Applies the skin file "x/o.cjs" of the program folder, a Qt style sheet in UTF-8, to the window. Before
+/// that, gives the window's option buttons, check boxes, group boxes and labels the colour of button faces.
+/// A skin refers to pictures in its folder by url(skin:name). Does nothing if the file is missing. A file
+/// that cannot be loaded, or that makes the window's minimum width or height exceed 4,096 pixels, fails with
+/// invalidProcedureCall; the window keeps its style sheet.
 void ApplySkin(QWidget& window, std::u16string_view programFolder);
 
-/// The pointer picture "HAND-M.CUR" of the program folder with the hot spot that the file names; none when
-/// the file does not exist. Fails with invalidPicture when it is no pointer picture.
-std::optional<QCursor> loadHandPointer(std::u16string_view programFolder);
+/// The pointer picture "HAND-M.CUR" of the program folder, with its hot spot; none if the file does not
+/// exist. Fails with invalidPicture if the file is not a pointer picture.
+[[nodiscard]] std::optional<QCursor> loadHandPointer(std::u16string_view programFolder);
 
-/// Shows the custom pointer over every push button and the default pointer over the window's surface and
-/// over group box `Frame2`, and never replaces the hourglass. Watches the controls that the window has when
-/// this is made.
+/// Shows the custom pointer over push buttons, and the default pointer over the window's surface and over
+/// group box `Frame2`. Never replaces the hourglass. Handles the controls that the window has when this
+/// object is constructed.
 class HoverPointer : public QObject {
 public:
     HoverPointer(QWidget& window, UserInterface& user);

@@ -17,7 +17,7 @@ void CaptionButton::setSign(const QString& sign) {
 }
 
 void CaptionButton::makeBold() {
-    QFont bold; // with nothing else set, family and size still follow the window's
+    QFont bold; // sets the weight alone: family and size follow the window's font
     bold.setBold(true);
     setFont(bold);
 }
@@ -30,7 +30,8 @@ QSize CaptionButton::sizeHint() const {
     QSize contents = fontMetrics().size(Qt::TextShowMnemonic, option.text) + QSize(line, 0);
     contents.rheight() += isPrimary_ ? line / 2 : line / 5;
     const QSize size = style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
-    return sign_.isEmpty() ? size : QSize(size.height(), size.height()); // a style makes room for words
+    return sign_.isEmpty() ? size
+                           : QSize(size.height(), size.height()); // styles add a minimum width for words
 }
 
 void CaptionButton::initStyleOption(QStyleOptionButton* option) const {

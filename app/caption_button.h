@@ -1,22 +1,21 @@
-// A push button with room around its caption.
+// A push button whose caption may have several lines or be a single sign.
 #pragma once
 
 #include <QPushButton>
 
 namespace brindlewick {
 
-/// Several captions begin with a line end, from when a picture stood above them: they stand on the second
-/// line.
+/// Leaves space around the caption. Some captions begin with a line end: their text is on the second line.
 class CaptionButton : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
-    /// Makes the button stand out: bold, and half as high again.
+    /// Makes the caption bold and the button half a text line higher.
     void makePrimary();
-    /// What is drawn in bold, in place of a picture, on a button without a caption.
+    /// A text drawn in bold on a button without a caption.
     void setSign(const QString& sign);
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void initStyleOption(QStyleOptionButton* option) const override;

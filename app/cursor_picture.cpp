@@ -1,5 +1,4 @@
-// Pointer pictures: the CUR file format, picture and hot spot.
-// Every offset and length of the file is checked before it is used.
+// Every offset and length from the file is checked before it is used.
 #include "app/cursor_picture.h"
 
 #include "app/small_file.h"
@@ -13,7 +12,7 @@ namespace {
 
 constexpr qsizetype directorySize = 6;
 constexpr qsizetype entrySize = 16;
-constexpr int largestSide = 256;
+constexpr int maxSide = 256; // pixels
 
 std::uint32_t littleEndian(const QByteArray& bytes, qsizetype at, int count) {
     std::uint32_t value = 0;
@@ -32,7 +31,7 @@ void require(bool condition) {
         throw Failure(FailureNumber::invalidPicture);
 }
 
-/// Where the entry of the wanted picture stands in the file.
+/// The offset of the chosen picture's directory entry.
 qsizetype chosenEntry(const QByteArray& bytes) {
     require(bytes.size() >= directorySize + entrySize);
     require(littleEndian(bytes, 0, 2) == 0 && littleEndian(bytes, 2, 2) == 2);
@@ -44,8 +43,8 @@ qsizetype chosenEntry(const QByteArray& bytes) {
     return directorySize;
 }
 
-/// The same picture as an icon file of its own, which Qt's plug-in reads; planes and bit count come from the
-/// bitmap's own header, offsets 12 and 14.
+/// The picture as an icon file with one entry, which Qt's plug-in can read. Planes and bit count are copied
+/// from the bitmap's header, offsets 12 and 14.
 QByteArray asIconFile(const QByteArray& bytes, qsizetype entry, const QByteArray& picture) {
     require(picture.size() >= 40);
     QByteArray icon;
@@ -70,8 +69,8 @@ CursorPicture cursorPictureFromBytes(const QByteArray& bytes) {
 
     CursorPicture cursor;
     cursor.image = picture.startsWith("\x89PNG")
-                       ? pictureFromBytes(picture, largestSide, "PNG")
-                       : pictureFromBytes(asIconFile(bytes, entry, picture), largestSide, "ICO");
+                       ? pictureFromBytes(picture, maxSide, "PNG")
+                       : pictureFromBytes(asIconFile(bytes, entry, picture), maxSide, "ICO");
     cursor.hotSpot = QPoint(static_cast<int>(littleEndian(bytes, entry + 4, 2)),
                             static_cast<int>(littleEndian(bytes, entry + 6, 2)));
     require(cursor.image.rect().contains(cursor.hotSpot));

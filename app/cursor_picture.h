@@ -1,4 +1,4 @@
-// Pointer pictures: the CUR file format, picture and hot spot.
+// Pointer pictures in the CUR file format.
 #pragma once
 
 #include <QByteArray>
@@ -12,9 +12,9 @@ struct CursorPicture {
     QPoint hotSpot; ///< pixels from the picture's top left corner, inside the picture
 };
 
-/// The picture of a CUR file's bytes: the one 32 pixels wide where there are several, else the first. Fails
-/// with invalidPicture for anything that is no such file. Format: Microsoft's ICONDIR with type 2, whose
-/// entries carry the hot spot where icons carry planes and bit count.
-CursorPicture cursorPictureFromBytes(const QByteArray& bytes);
+/// The picture in a CUR file's bytes: the first that is 32 pixels wide, else the first. Fails with
+/// invalidPicture if the bytes are not a CUR file. The format is Microsoft's ICONDIR of type 2; its entries
+/// have the hot spot in place of an icon's planes and bit count.
+[[nodiscard]] CursorPicture cursorPictureFromBytes(const QByteArray& bytes);
 
 } // namespace brindlewick

@@ -1,5 +1,4 @@
-// What goes into the file dialogs and what comes out of them, apart from the dialogs themselves.
-// Qt speaks "/" everywhere; the program speaks the platform's separator.
+// Qt uses "/" on every platform; the program uses the platform's separator.
 #include "app/file_dialogs.h"
 
 #include "app/qt_text.h"
@@ -21,7 +20,7 @@ QString captionWithPatterns(const QString& caption, QString patterns) {
     return caption + QStringLiteral(" (") + parts.join(u' ') + u')';
 }
 
-/// The length of the part of `paths` up to and with the last separator that all of them share.
+/// The length of the longest common beginning of `paths` that ends with a separator.
 qsizetype sharedFolderLength(const QStringList& paths) {
     const QChar separator = QDir::separator();
     qsizetype length = paths.front().lastIndexOf(separator) + 1;
@@ -33,7 +32,7 @@ qsizetype sharedFolderLength(const QStringList& paths) {
 
 bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
     dialog.setWindowTitle(toQString(wanted.title));
-    // The captions name patterns themselves, in their own way; Qt's, which follow, are not for the eye.
+    // The captions already show the patterns.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(wanted.filter));
     if (!folder.isEmpty())
@@ -82,7 +81,7 @@ QString runSaveDialog(QWidget& parent, const FileDialog& dialog, QString& folder
     QFileDialog files(&parent);
     files.setAcceptMode(QFileDialog::AcceptSave);
     files.setFileMode(QFileDialog::AnyFile);
-    // The program asks that question itself.
+    // The caller asks before it overwrites a file.
     files.setOption(QFileDialog::DontConfirmOverwrite);
     if (!run(files, dialog, folder) || files.selectedFiles().isEmpty())
         return {};

@@ -1,4 +1,4 @@
-// What goes into the file dialogs and what comes out of them, apart from the dialogs themselves.
+// The file dialogs, and the conversion of their filters and results.
 #pragma once
 
 #include <QString>
@@ -12,17 +12,18 @@ namespace brindlewick {
 
 struct FileDialog;
 
-/// Qt's name filters for "Caption|pattern|Caption|pattern|": a caption's own "(...)" gives way to the real
-/// patterns, and "*.*" becomes "*", since it must match a name without a dot too.
-QStringList nameFilters(std::u16string_view filter);
+/// Qt's name filters for "Caption|pattern|Caption|pattern|": the patterns follow the caption in parentheses.
+/// "*.*" becomes "*", since it must match names without a dot too.
+[[nodiscard]] QStringList nameFilters(std::u16string_view filter);
 
-/// One path as it is; several as their folder (without a separator at its end unless it is the root) and the
-/// rest of each path, in order, with a NUL between them. No path gives the empty text.
-std::u16string joinedSelection(const QStringList& paths);
+/// One path as it is; several as their common folder and the rest of each path, in order, with NULs between.
+/// The folder has no separator at its end unless it is the root. Empty for no path.
+[[nodiscard]] std::u16string joinedSelection(const QStringList& paths);
 
-/// The dialogs. `folder` is where they open; a choice moves it. The empty text or no path when cancelled.
-QStringList runOpenDialog(QWidget& parent, const FileDialog& dialog, QString& folder);
-QString runSaveDialog(QWidget& parent, const FileDialog& dialog, QString& folder);
-QString runFolderDialog(QWidget& parent, const QString& prompt, const QString& startFolder);
+/// The dialogs open in `folder` and set it to the folder of the choice. They return an empty text or no path
+/// when cancelled.
+[[nodiscard]] QStringList runOpenDialog(QWidget& parent, const FileDialog& dialog, QString& folder);
+[[nodiscard]] QString runSaveDialog(QWidget& parent, const FileDialog& dialog, QString& folder);
+[[nodiscard]] QString runFolderDialog(QWidget& parent, const QString& prompt, const QString& startFolder);
 
 } // namespace brindlewick

@@ -60,7 +60,7 @@ void InputListView::dropEvent(QDropEvent* event) {
 
 void InputListView::mousePressEvent(QMouseEvent* event) {
     RowsView::mousePressEvent(event);
-    drag_.ListView1_MouseDown(); // any button drags
+    drag_.ListView1_MouseDown(); // dragging works with any button
     if (event->button() == Qt::LeftButton && dragPointer_ && indexAt(event->position().toPoint()).isValid())
         viewport()->setCursor(*dragPointer_);
 }

@@ -1,4 +1,4 @@
-// The input file list's gestures: dropped files, and rows dragged inside the list.
+// The view of the input file list: takes dropped files and moves rows by dragging.
 #pragma once
 
 #include "app/rows_view.h"
@@ -16,9 +16,9 @@ class InputListView : public RowsView {
 public:
     explicit InputListView(TextList& list, QWidget* parent = nullptr);
 
-    /// Takes the paths of a drop, in its order.
+    /// Sets the function that is called with the paths of dropped files, in the drop's order.
     void setDropHandler(std::function<void(const std::vector<std::u16string>&)> handler);
-    /// The pointer shown while an entry is clicked.
+    /// Sets the pointer that is shown while the left button is held on an entry.
     void setDragPointer(const QCursor& pointer) { dragPointer_ = pointer; }
 
 protected:

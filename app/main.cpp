@@ -17,8 +17,8 @@ int main(int count, char** words) {
     font.setFamily(QStringLiteral("Arial")); // message boxes included
     QApplication::setFont(font);
 
-    // Closing ends the process at once, from inside whatever event is being handled: an operation that lets
-    // events through must not go on without its window. All settings are on disk by then.
+    // Closing ends the process at once, even inside an operation that dispatches events: the operation must
+    // not continue without its window. All settings are already saved.
     brindlewick::Form1 window(brindlewick::programFolder(), [] {
         brindlewick::keepClipboard();
         std::_Exit(EXIT_SUCCESS);

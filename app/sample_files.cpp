@@ -1,4 +1,3 @@
-// The record of the sample files, how it is scrambled, and the button that loads what it lists.
 #include "app/sample_files.h"
 
 #include "lists/folder_scanner.h"
@@ -19,7 +18,7 @@ constexpr std::u16string_view scramblingKey = u"brambles";
 constexpr std::size_t digitsPerUnit = 4;
 constexpr char16_t recordSeparator = u'|';
 
-/// The key's letters take turns in the upper and the lower byte, so that both are changed.
+/// Two letters of the key for each code unit, so that both of its bytes change.
 char16_t keyAt(std::size_t place) {
     const unsigned letter = scramblingKey[place % scramblingKey.size()];
     const unsigned next = scramblingKey[(place + 1) % scramblingKey.size()];
@@ -86,6 +85,7 @@ void SampleFiles::LoadSampleFiles(TextList& list) {
         user_.openFolder(withSeparator(samplesFolder(programFolder_)));
 }
 
+// "Load Sample/Example Files"
 void SampleFiles::PushButton13_Click() {
     const Guard guard(user_, u"Form1.PushButton13_Click");
     guard([&] { selectMode2_(); });

@@ -1,4 +1,4 @@
-// The example files beside the executable: recorded at the first start, loaded by a button.
+// The sample files: recorded at the first start, added to the input files by a button.
 #pragma once
 
 #include "lists/text_list.h"
@@ -11,23 +11,22 @@
 
 namespace brindlewick {
 
-/// Scrambles and unscrambles the stored record: reversible, any text, keyed with a fixed word.
-std::u16string scrambled(std::u16string_view text);
-std::u16string unscrambled(std::u16string_view text);
+/// Scrambles any text for the settings store, with a fixed key.
+[[nodiscard]] std::u16string scrambled(std::u16string_view text);
+/// The inverse; empty for a text that `scrambled` does not return.
+[[nodiscard]] std::u16string unscrambled(std::u16string_view text);
 
 class SampleFiles {
 public:
-    /// `programFolder` holds the "Samples" folder. `selectMode2` makes the window choose mode 2 as a user
-    /// would.
+    /// `programFolder` contains the folder "Samples". `selectMode2` has the effect of a click on `Option2`.
     SampleFiles(UserInterface& user, SettingsStore& settings, TextList& inputFiles, TextList& tags,
                 std::u16string programFolder, std::function<void()> selectMode2);
 
-    /// Records the samples' paths under "Snapshot". Fails when the store cannot be written.
+    /// Stores the paths of the sample files under "Snapshot". Fails as SettingsStore does.
     void RecordSampleFiles();
-    /// Adds the recorded files that still exist and are not listed yet, then offers to open their folder.
+    /// Appends the recorded files that exist and are not in `list`, then offers to open their folder.
     void LoadSampleFiles(TextList& list);
-    /// "Load Sample/Example Files".
-    void PushButton13_Click();
+    void PushButton13_Click(); ///< "Load Sample/Example Files"
 
 private:
     UserInterface& user_;

@@ -1,5 +1,5 @@
-// The settings store of the window: an INI file in the user's configuration folder.
-// Read whole, changed in one line, put in the old file's place; failures are told apart by asking the system.
+// A save reads the whole file, changes one line and replaces the file. Qt's file classes do not say why they
+// failed, so the reason is found by asking the system.
 #include "app/settings_file.h"
 
 #include "app/qt_text.h"
@@ -24,8 +24,8 @@ namespace brindlewick {
 
 namespace {
 
-constexpr int longestWait = 2000; // ms, for another window that saves, or one that reads
-constexpr int waitBetween = 5;    // ms
+constexpr int maxWait = 2000;    // ms, for another program that saves or reads the file
+constexpr int retryInterval = 5; // ms
 
 QString settingsFolder() {
     return configFolder() + QStringLiteral("/Tessaly");
@@ -47,7 +47,7 @@ FailureNumber failureFor(std::error_code error) {
     return FailureNumber::deviceIoError;
 }
 
-/// The file's bytes; none when there is no file.
+/// The file's bytes; none if there is no file.
 std::optional<QByteArray> readSettings() {
     const QString path = settingsPath();
     std::error_code error;
@@ -57,7 +57,7 @@ std::optional<QByteArray> readSettings() {
         return std::nullopt;
     if (status.type() == std::filesystem::file_type::none)
         throw Failure(failureFor(error));
-    // A folder or a pipe of that name is not opened: reading it could wait for ever.
+    // Reading a pipe could block for ever.
     if (status.type() != std::filesystem::file_type::regular)
         throw Failure(FailureNumber::permissionDenied);
     QFile file(path);
@@ -95,10 +95,10 @@ void writeSettings(std::string_view bytes) {
         QSaveFile file(settingsPath());
         if (file.open(QIODevice::WriteOnly) && file.write(bytes.data(), size) == size && file.commit())
             return;
-        const bool mayPass = readersKeepFiles && file.error() == QFileDevice::RenameError;
-        if (!mayPass || sinceFirst.elapsed() > longestWait)
+        const bool isBlocked = readersBlockReplacement && file.error() == QFileDevice::RenameError;
+        if (!isBlocked || sinceFirst.elapsed() > maxWait)
             failToWrite(file.error());
-        QThread::msleep(waitBetween);
+        QThread::msleep(retryInterval);
     }
 }
 
@@ -119,17 +119,16 @@ std::u16string SettingsFile::GetSetting(std::u16string_view key, std::u16string_
 void SettingsFile::SaveSetting(std::u16string_view key, std::u16string_view value) {
     if (!isKey(key))
         throw Failure(FailureNumber::invalidProcedureCall);
-    // Between reading and writing another window may save, too. Whoever cannot lock goes on without: a lost
-    // setting is better than a window that hangs.
+    // The lock covers reading and writing. Without it a save goes on all the same: a lost setting is better
+    // than a window that does not respond.
     std::error_code ignored;
     std::filesystem::create_directories(QFileInfo(settingsFolder()).filesystemFilePath(), ignored);
     QLockFile lock(settingsPath() + QStringLiteral(".lock"));
-    // Asked often: the lock's own waiting grows, and may never meet the moment in which a busy other lets go.
+    // QLockFile backs off; poll at a fixed interval so that a busy instance cannot starve this one.
     QElapsedTimer sinceFirst;
     sinceFirst.start();
-    while (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError &&
-           sinceFirst.elapsed() < longestWait)
-        QThread::msleep(waitBetween);
+    while (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError && sinceFirst.elapsed() < maxWait)
+        QThread::msleep(retryInterval);
     const QByteArray bytes = readSettings().value_or(QByteArray());
     const std::string_view file(bytes.constData(), static_cast<std::size_t>(bytes.size()));
     writeSettings(textWithSetting(file, key, value));

@@ -1,5 +1,3 @@
-// The text of a settings file: finding a key's value in it and putting another in its place.
-// The format is told in settings_file.h.
 #include "app/settings_text.h"
 
 #include "platform/text.h"
@@ -14,7 +12,7 @@ namespace {
 constexpr std::string_view section = "[Brindlewick]";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// Where a key's line stands, without its line end; or where a new line of the section belongs.
+/// The range of a key's line without its line end, or the place for a new line of the section.
 struct Place {
     bool found = false;
     bool hasSection = false;
@@ -30,7 +28,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-Place placeOf(std::string_view file, std::string_view key) {
+Place findPlace(std::string_view file, std::string_view key) {
     Place place;
     bool inSection = false;
     std::size_t at = file.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
@@ -66,7 +64,7 @@ bool needsEscape(std::u16string_view text, std::size_t i) {
     return text[i] < u' ' || (text[i] >= 0x7F && text[i] < 0xA0) || isLoneSurrogate(text, i);
 }
 
-bool standsPlain(std::u16string_view value) {
+bool isLiteral(std::u16string_view value) {
     if (value.empty())
         return true;
     if (value.front() == u'"' || value.front() == u' ' || value.back() == u' ')
@@ -101,7 +99,7 @@ void appendEscaped(char16_t unit, std::u16string& text) {
 }
 
 std::string valueAsBytes(std::u16string_view value) {
-    if (standsPlain(value))
+    if (isLiteral(value))
         return toUtf8(value);
     std::u16string quoted = u"\"";
     for (std::size_t i = 0; i < value.size(); ++i) {
@@ -113,7 +111,8 @@ std::string valueAsBytes(std::u16string_view value) {
     return toUtf8(quoted + u'"');
 }
 
-/// What stands between the quotes; none when the text is not one whole pair of quotes with known escapes.
+/// The text between the quotes with its escapes replaced; none if the text is not in quotes or has another
+/// quote or an unknown escape inside.
 std::optional<std::u16string> unquoted(std::u16string_view text) {
     if (text.size() < 2 || text.front() != u'"' || text.back() != u'"')
         return std::nullopt;
@@ -161,7 +160,7 @@ std::optional<std::u16string> unquoted(std::u16string_view text) {
 } // namespace
 
 std::optional<std::u16string> settingInText(std::string_view file, std::u16string_view key) {
-    const Place place = placeOf(file, toUtf8(key));
+    const Place place = findPlace(file, toUtf8(key));
     if (!place.found)
         return std::nullopt;
     std::u16string text = fromUtf8(place.value);
@@ -172,7 +171,7 @@ std::optional<std::u16string> settingInText(std::string_view file, std::u16strin
 std::string textWithSetting(std::string_view file, std::u16string_view key, std::u16string_view value) {
     const std::string keyBytes = toUtf8(key);
     const std::string line = keyBytes + '=' + valueAsBytes(value);
-    const Place place = placeOf(file, keyBytes);
+    const Place place = findPlace(file, keyBytes);
     std::string result;
     result.reserve(file.size() + line.size() + section.size() + 3);
     const auto endLine = [&] {

@@ -1,4 +1,4 @@
-// The text of a settings file: finding a key's value in it and putting another in its place.
+// Finds and replaces values in the text of a settings file. settings_file.h describes the format.
 #pragma once
 
 #include <optional>
@@ -7,10 +7,13 @@
 
 namespace brindlewick {
 
-/// The value of `key` in section [Brindlewick] of the file's bytes; none when the key is not there. Linear.
-std::optional<std::u16string> settingInText(std::string_view file, std::u16string_view key);
+/// The value of `key` in section [Brindlewick] of the file's bytes; none if the key is missing. Takes time
+/// linear in the file's size.
+[[nodiscard]] std::optional<std::u16string> settingInText(std::string_view file, std::u16string_view key);
 
-/// The file's bytes with `key` set to `value` there, every other line kept byte for byte. Linear.
-std::string textWithSetting(std::string_view file, std::u16string_view key, std::u16string_view value);
+/// The file's bytes with `key` set to `value` in that section. All other lines keep their bytes. Takes time
+/// linear in the file's size.
+[[nodiscard]] std::string textWithSetting(std::string_view file, std::u16string_view key,
+                                          std::u16string_view value);
 
 } // namespace brindlewick

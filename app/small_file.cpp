@@ -1,5 +1,3 @@
-// Whole files of a size that the window can hold at once: skins, pointers, pictures.
-// Nothing is read or decoded beyond the caller's limits, whatever a file claims about itself.
 #include "app/small_file.h"
 
 #include "platform/failure.h"
@@ -26,17 +24,17 @@ QByteArray readSmallFile(std::u16string_view path, std::size_t limit) {
     return bytes;
 }
 
-QImage pictureFromBytes(const QByteArray& bytes, int largestSide, const char* format) {
+QImage pictureFromBytes(const QByteArray& bytes, int maxSide, const char* format) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format ? QByteArray(format) : QByteArray());
     reader.setDecideFormatFromContent(format == nullptr);
     const QSize size = reader.size();
-    if (size.width() > largestSide || size.height() > largestSide)
+    if (size.width() > maxSide || size.height() > maxSide)
         throw Failure(FailureNumber::invalidPicture);
     const QImage picture = reader.read();
-    if (picture.isNull() || picture.width() > largestSide || picture.height() > largestSide)
+    if (picture.isNull() || picture.width() > maxSide || picture.height() > maxSide)
         throw Failure(FailureNumber::invalidPicture);
     return picture;
 }

@@ -1,4 +1,4 @@
-// Whole files of a size that the window can hold at once: skins, pointers, pictures.
+// Reads small files as a whole: skins, pointers, pictures. No file makes it read or decode beyond a limit.
 #pragma once
 
 #include <QByteArray>
@@ -8,12 +8,12 @@
 
 namespace brindlewick {
 
-/// The file's bytes, at most `limit` of them and one more when it is longer, so that the caller can tell.
-/// Fails as platform/files.h says.
-QByteArray readSmallFile(std::u16string_view path, std::size_t limit);
+/// The file's bytes. Of a file longer than `limit` bytes only the first `limit` + 1, so a size above `limit`
+/// shows that it is too long. Fails as InputFile does.
+[[nodiscard]] QByteArray readSmallFile(std::u16string_view path, std::size_t limit);
 
-/// The picture in `bytes`, in any format that Qt's plug-ins read; `format` narrows it to one ("PNG", "ICO").
-/// Fails with invalidPicture, for a picture wider or higher than `largestSide` pixels too.
-QImage pictureFromBytes(const QByteArray& bytes, int largestSide, const char* format = nullptr);
+/// The picture in `bytes`, in `format` ("PNG", "ICO") or, if that is nullptr, in any format that Qt can read.
+/// Fails with invalidPicture if there is none, or if it is wider or higher than `maxSide` pixels.
+[[nodiscard]] QImage pictureFromBytes(const QByteArray& bytes, int maxSide, const char* format = nullptr);
 
 } // namespace brindlewick

@@ -1,26 +1,26 @@
-// What the window asks the operating system past Qt, since Qt has another answer or none.
+// What Qt does not answer about the operating system, or answers differently.
 #pragma once
 
 #include <QString>
 
 namespace brindlewick {
 
-/// The environment variable that leads to the user's configuration folder: XDG_CONFIG_HOME, on Windows
-/// LOCALAPPDATA.
+/// The environment variable for the user's configuration folder: XDG_CONFIG_HOME, on Windows LOCALAPPDATA.
 extern const char* const configFolderVariable;
 
-/// The folder below which the user's programs keep their settings, with "/" between its parts: what the
-/// variable says if that is an absolute path, else the system's own answer.
-QString configFolder();
+/// The folder for programs' settings, with "/" as the separator: the value of that variable if it is an
+/// absolute path, else the system's default.
+[[nodiscard]] QString configFolder();
 
-/// True where a file cannot be replaced while somebody reads it (another window, a virus scanner): whoever
-/// replaces one tries for a while.
-extern const bool readersKeepFiles;
+/// True on systems where a file cannot be replaced while another program (a virus scanner) reads it, so that
+/// replacing it must be tried repeatedly.
+extern const bool readersBlockReplacement;
 
-/// Lets the copied text outlive the process where the system would ask the process for it (Windows).
+/// Makes the copied text available after the process has ended. On Windows the process would else have to
+/// provide it.
 void keepClipboard() noexcept;
 
-/// True while a debugger follows this program.
-bool runsUnderDebugger();
+/// True while a debugger is attached to this process.
+[[nodiscard]] bool runsUnderDebugger();
 
 } // namespace brindlewick

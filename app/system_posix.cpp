@@ -1,4 +1,3 @@
-// The answers of Linux and its kin.
 #include "app/system.h"
 
 #include <QByteArray>
@@ -8,7 +7,7 @@
 namespace brindlewick {
 
 const char* const configFolderVariable = "XDG_CONFIG_HOME";
-const bool readersKeepFiles = false;
+const bool readersBlockReplacement = false;
 
 QString configFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);

@@ -1,4 +1,3 @@
-// The answers of Windows.
 #include "app/system.h"
 
 #include <QDir>
@@ -11,10 +10,10 @@
 namespace brindlewick {
 
 const char* const configFolderVariable = "LOCALAPPDATA";
-const bool readersKeepFiles = true;
+const bool readersBlockReplacement = true;
 
 QString configFolder() {
-    // Qt asks the shell alone, which knows nothing of a variable that was set for one program.
+    // Qt asks the shell, which ignores the environment variable.
     const QString named = QDir::fromNativeSeparators(qEnvironmentVariable(configFolderVariable));
     return QDir::isAbsolutePath(named)
                ? named
@@ -22,7 +21,7 @@ QString configFolder() {
 }
 
 void keepClipboard() noexcept {
-    // Qt has only promised the text, and renders it when somebody pastes.
+    // Qt provides the text only when it is pasted.
     ::OleFlushClipboard();
 }
 

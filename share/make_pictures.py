@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Draws the program's pictures from their SVG sources: icons, hand pointer, drag pointer, splash.
 
-Run it in this folder after a change to a source; it needs Python alone. It reads the part of SVG that the
-sources use: paths of absolute M, L, C and Z, plain or vertical-gradient fills, strokes (always with round ends), groups.
+Run it after a change to a source; it needs Python alone. It supports the part of SVG that the sources use:
+paths of absolute M, L, C and Z, solid or vertical-gradient fills, strokes (always with round ends), groups.
 """
 import math
 import pathlib
@@ -13,8 +13,8 @@ import zlib
 HERE = pathlib.Path(__file__).resolve().parent
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 WINDOWS_SIZES = (16, 24, 32, 48, 64, 256)
-HAND_TIP = (11, 2)  # pixels, where the pointer points
-SUB_ROWS = 8        # scan lines a pixel row; along the row coverage is exact
+HAND_TIP = (11, 2)  # pixels; the hot spot
+SUB_ROWS = 8        # scan lines per pixel row; within a scan line coverage is exact
 
 
 def colour(text):
@@ -22,7 +22,7 @@ def colour(text):
 
 
 def flatten(data):
-    """Polylines of a path's data, curves cut into 16 chords."""
+    """A path's data as polylines, with 16 chords for a curve."""
     words = data.replace(",", " ").split()
     lines, at = [], 0
     while at < len(words):
@@ -49,7 +49,7 @@ def flatten(data):
 
 
 def stroked(lines, width):
-    """Polygons that together cover the stroke: a box for every chord, a disc for every joint."""
+    """Polygons whose union is the stroke: a rectangle for every chord, a disc for every joint."""
     half, polygons = width / 2, []
     for line in lines:
         for x, y in line:
@@ -59,7 +59,7 @@ def stroked(lines, width):
             length = math.hypot(x2 - x1, y2 - y1)
             if length:
                 nx, ny = half * (y1 - y2) / length, half * (x2 - x1) / length
-                # Discs and boxes must turn the same way, or they would cancel each other out.
+                # The same winding direction as the discs, or overlaps would cancel each other out.
                 polygons.append([(x1 - nx, y1 - ny), (x2 - nx, y2 - ny), (x2 + nx, y2 + ny), (x1 + nx, y1 + ny)])
     return polygons
 
@@ -95,7 +95,7 @@ def shapes(path):
 
 
 def coverage(polygons, scale, width, row):
-    """How much of every pixel of a row the polygons cover (winding number not 0), 0 to 1."""
+    """The part of every pixel of a row, 0 to 1, that the polygons cover (winding number not 0)."""
     covered = [0.0] * width
     for sub in range(SUB_ROWS):
         y = (row + (sub + 0.5) / SUB_ROWS) / scale
@@ -116,7 +116,7 @@ def coverage(polygons, scale, width, row):
 
 
 def render(source, size=None):
-    """Rows of (red, green, blue, alpha); `size` is the wanted width in pixels."""
+    """The picture as rows of (red, green, blue, alpha). `size` is its width in pixels."""
     source_width, source_height, found = shapes(source)
     scale = (size or source_width) / source_width
     width, height = round(source_width * scale), round(source_height * scale)
@@ -151,7 +151,7 @@ def png(picture):
 
 
 def bitmap(picture):
-    """As icon files hold it: rows from the bottom up, the mask after the pixels, the height counted twice."""
+    """The form in icon files: rows from the bottom up, the mask after the pixels, the height doubled."""
     width, height = len(picture[0]), len(picture)
     pixels, mask = b"", b""
     for row in reversed(picture):
@@ -163,7 +163,7 @@ def bitmap(picture):
 
 
 def icon(pictures, hot_spot=None):
-    """An icon file, or with a hot spot a pointer file."""
+    """An icon file, or a pointer file if `hot_spot` is given."""
     blocks = [png(p) if len(p) >= 256 else bitmap(p) for p in pictures]
     data = struct.pack("<HHH", 0, 2 if hot_spot else 1, len(blocks))
     offset = len(data) + 16 * len(blocks)

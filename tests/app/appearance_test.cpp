@@ -1,4 +1,4 @@
-// Skin, hand pointer and hover behaviour, with good, missing and broken files.
+// Skin, hand pointer and hover behaviour, with valid, missing and broken files.
 #include "app/appearance.h"
 
 #include "app/cursor_picture.h"
@@ -67,7 +67,7 @@ struct Controls {
     }
 };
 
-TEST(ApplySkin, needsTheFileAndTakesWhatItCanLoad) {
+TEST(ApplySkin, appliesAFileThatItCanLoad) {
     const struct {
         const char* what;
         std::optional<std::string> file;
@@ -79,7 +79,7 @@ TEST(ApplySkin, needsTheFileAndTakesWhatItCanLoad) {
         {"UTF-8 text with a mark", "\xEF\xBB\xBF/* \xC3\xA9 */ QLabel { color: red }", true, false},
         {"not UTF-8", "QLabel { color: red } /* \xFF */", true, true},
         {"binary", std::string("\0\1\2PK\3\4", 7), true, true},
-        {"no style sheet", "{{{ this is ] no sheet", true, true},
+        {"not a style sheet", "{{{ this is ] no sheet", true, true},
         {"too long", std::string(5'000'000, ' '), true, true},
     };
     for (const auto& one : cases) {
@@ -87,7 +87,7 @@ TEST(ApplySkin, needsTheFileAndTakesWhatItCanLoad) {
         if (one.file)
             folder.write("x/o.cjs", *one.file);
         else
-            folder.makeFolder("x/o.cjs"); // a folder of that name is none
+            folder.makeFolder("x/o.cjs"); // a folder is not a skin file
         Controls controls;
         EXPECT_EQ(failureOf([&] { ApplySkin(controls.window, folder.text()); }),
                   one.fails ? std::optional(FailureNumber::invalidProcedureCall) : std::nullopt)
@@ -117,7 +117,7 @@ std::string png(int side) {
     return testing::png(side, side);
 }
 
-/// A bitmap as pointer files hold it: header with the doubled height, blue pixels, an empty mask.
+/// A bitmap in the form of pointer files: header with twice the height, blue pixels, an empty mask.
 std::string bitmap(unsigned side) {
     std::string bytes = number(40, 4) + number(side, 4) + number(2 * side, 4) + number(1, 2) + number(32, 2);
     bytes += std::string(24, '\0');
@@ -130,7 +130,7 @@ std::string cursorFile(const std::string& picture, unsigned side, unsigned x, un
     return directory(2, 1) + entry(side, x, y, picture.size(), 22) + picture;
 }
 
-TEST(CursorPictures, comeWithTheirHotSpot) {
+TEST(CursorPictures, haveAHotSpot) {
     const std::string two = directory(2, 2) + entry(16, 1, 2, png(16).size(), 38) +
                             entry(32, 3, 4, png(32).size(), 38 + png(16).size()) + png(16) + png(32);
     const struct {
@@ -165,7 +165,9 @@ TEST(CursorPictures, brokenFilesAreInvalidPictures) {
         {"no picture", cursorFile(std::string(100, 'x'), 32, 0, 0)},
     };
     for (const auto& one : cases)
-        EXPECT_EQ(failureOf([&] { cursorPictureFromBytes(QByteArray::fromStdString(one.second)); }),
+        EXPECT_EQ(failureOf([&] {
+                      static_cast<void>(cursorPictureFromBytes(QByteArray::fromStdString(one.second)));
+                  }),
                   FailureNumber::invalidPicture)
             << one.first;
 }
@@ -178,7 +180,7 @@ TEST(HandPointer, isOptional) {
     ASSERT_TRUE(hand);
     EXPECT_EQ(hand->hotSpot(), QPoint(9, 1));
     folder.write("HAND-M.CUR", "damaged");
-    EXPECT_THROW(loadHandPointer(folder.text()), Failure);
+    EXPECT_THROW(static_cast<void>(loadHandPointer(folder.text())), Failure);
 }
 
 TEST(HoverPointers, handOverButtonsArrowElsewhereHourglassUntouched) {
@@ -200,7 +202,7 @@ TEST(HoverPointers, handOverButtonsArrowElsewhereHourglassUntouched) {
         QApplication::sendEvent(&widget, &event);
     };
     const std::pair<std::function<void()>, PointerShape> steps[] = {
-        {[&] { move(*controls.button); }, PointerShape::custom}, // goes on to the surface below the button
+        {[&] { move(*controls.button); }, PointerShape::custom}, // the surface below gets the move too
         {[&] { move(*controls.surface); }, PointerShape::standard},
         {[&] { enter(*controls.button); }, PointerShape::custom},
         {[&] { enter(*controls.frame2); }, PointerShape::standard},

@@ -1,4 +1,4 @@
-// Every test of the window runs inside one QApplication, with settings in a folder of its own.
+// Runs the tests of the window in one QApplication, with settings in a temporary folder.
 
 #include "app/system.h"
 #include "support/temporary_folder.h"

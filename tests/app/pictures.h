@@ -1,4 +1,4 @@
-// Pictures as the bytes of a file.
+// Picture files for tests.
 #pragma once
 
 #include <QBuffer>

@@ -1,4 +1,4 @@
-// The record of the sample files, its scrambling, and the button that loads them.
+// The record of the sample files, its scrambling, and the button that adds them.
 #include "app/sample_files.h"
 
 #include "platform/failure.h"
@@ -15,7 +15,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-TEST(Scrambling, IsUndoneForEveryTextAndGivesNothingForAnother) {
+TEST(Scrambling, IsReversibleForEveryTextAndRejectsOtherRecords) {
     const std::u16string texts[] = {
         u"",
         u"/opt/brindlewick/Samples/books.json|/opt/brindlewick/Samples/cities.json",
@@ -27,7 +27,7 @@ TEST(Scrambling, IsUndoneForEveryTextAndGivesNothingForAnother) {
     for (const std::u16string& text : texts) {
         const std::u16string record = scrambled(text);
         EXPECT_EQ(unscrambled(record), text);
-        EXPECT_EQ(record.empty(), text.empty()); // an empty record is made again at the next start
+        EXPECT_EQ(record.empty(), text.empty()); // the next start builds an empty record again
         EXPECT_EQ(record.find_first_not_of(u"0123456789abcdef"), std::u16string::npos);
     }
     EXPECT_NE(scrambled(u"aa").substr(0, 4), scrambled(u"aa").substr(4));

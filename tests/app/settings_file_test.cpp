@@ -1,4 +1,4 @@
-// The settings file: any text comes back, hand-edited files are understood, failures are told apart.
+// The settings file: restores any text, reads files edited by hand, reports the right failures.
 #include "app/settings_file.h"
 
 #include "app/settings_text.h"
@@ -35,14 +35,14 @@ protected:
         return testing::failureOf([] { SettingsFile().SaveSetting(u"Option", u"2"); });
     }
     static std::optional<FailureNumber> failureOfReading() {
-        return testing::failureOf([] { SettingsFile().GetSetting(u"Option", u"1"); });
+        return testing::failureOf([] { static_cast<void>(SettingsFile().GetSetting(u"Option", u"1")); });
     }
 
     const QByteArray before = qgetenv(configFolderVariable);
     TemporaryFolder folder;
 };
 
-TEST_F(SettingsFileTest, anyTextComesBackUnitForUnit) {
+TEST_F(SettingsFileTest, restoresAnyText) {
     std::u16string everyUnit;
     for (unsigned unit = 0; unit <= 0xFFFF; ++unit)
         everyUnit += {static_cast<char16_t>(unit), u'.'};
@@ -81,17 +81,17 @@ TEST_F(SettingsFileTest, anyTextComesBackUnitForUnit) {
         EXPECT_TRUE(SettingsFile().GetSetting(neighbour, u"default") == everyUnit);
 }
 
-TEST_F(SettingsFileTest, absentKeysGiveTheDefaultAndKeysAreLettersAndDigits) {
+TEST_F(SettingsFileTest, returnsTheDefaultForMissingKeysAndAcceptsLettersAndDigitsInKeys) {
     EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"1"), u"1") << "no file, no folder";
     SettingsFile().SaveSetting(u"Option", u"");
-    EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"1"), u"") << "stored, though empty";
+    EXPECT_EQ(SettingsFile().GetSetting(u"Option", u"1"), u"") << "an empty value is a value";
     EXPECT_EQ(SettingsFile().GetSetting(u"Check1", u"0"), u"0");
     for (const std::u16string_view key : {u"", u"a b", u"a=b", u"[x]", u"a\nb", u"\u00E9"})
         EXPECT_THROW(SettingsFile().SaveSetting(key, u"1"), Failure);
     EXPECT_EQ(folder.read(fileName), "[Brindlewick]\nOption=\n");
 }
 
-TEST_F(SettingsFileTest, filesEditedByHandAreUnderstood) {
+TEST_F(SettingsFileTest, readsFilesEditedByHand) {
     const std::pair<std::string, std::u16string> cases[] = {
         {"[Brindlewick]\nOption=7", u"7"},
         {"[Brindlewick]\rOption=7\rCheck1=1", u"7"},
@@ -121,7 +121,7 @@ TEST_F(SettingsFileTest, filesEditedByHandAreUnderstood) {
     }
 }
 
-TEST(SettingsText, onlyTheKeysLineChanges) {
+TEST(SettingsText, changesTheLineOfTheKeyAlone) {
     const std::pair<std::string, std::string> cases[] = {
         {"[Brindlewick]", "[Brindlewick]\nOption=2\n"},
         {"\xEF\xBB\xBF", "\xEF\xBB\xBF[Brindlewick]\nOption=2\n"},
@@ -134,7 +134,7 @@ TEST(SettingsText, onlyTheKeysLineChanges) {
         EXPECT_EQ(textWithSetting(before, u"Option", u"2"), after);
 }
 
-TEST_F(SettingsFileTest, failuresAreToldApart) {
+TEST_F(SettingsFileTest, reportsTheReasonOfAFailure) {
     folder.write("plain", "");
     folder.write("c1/Tessaly", "");
     folder.makeFolder("c2/Tessaly/Brindlewick.ini");
@@ -143,12 +143,12 @@ TEST_F(SettingsFileTest, failuresAreToldApart) {
         std::optional<FailureNumber> reading;
         std::optional<FailureNumber> saving;
     } cases[] = {
-        {"new/deep", {}, {}}, // missing folders are made
+        {"new/deep", {}, {}}, // missing folders are created
         {"plain", {}, FailureNumber::pathNotFound},
         {"c1", {}, FailureNumber::pathNotFound},
         {"c2", FailureNumber::permissionDenied, FailureNumber::permissionDenied},
 #ifdef __unix__
-        {"/proc/self", {}, FailureNumber::pathNotFound}, // takes no files
+        {"/proc/self", {}, FailureNumber::pathNotFound}, // no files can be created there
 #endif
     };
     for (const auto& one : cases) {
@@ -159,9 +159,9 @@ TEST_F(SettingsFileTest, failuresAreToldApart) {
 }
 
 #ifdef __unix__
-TEST_F(SettingsFileTest, missingPermissionsAreReportedAsSuch) {
+TEST_F(SettingsFileTest, reportsMissingPermissions) {
     if (geteuid() == 0)
-        GTEST_SKIP() << "nothing is forbidden to root";
+        GTEST_SKIP() << "root may read and write every file";
     SettingsFile().SaveSetting(u"Option", u"1");
     std::filesystem::permissions(folder.path() / "Tessaly",
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
@@ -171,7 +171,7 @@ TEST_F(SettingsFileTest, missingPermissionsAreReportedAsSuch) {
     EXPECT_EQ(failureOfReading(), FailureNumber::permissionDenied);
 }
 
-TEST_F(SettingsFileTest, aWriteThatFailsHalfwayLeavesTheOldFile) {
+TEST_F(SettingsFileTest, keepsTheOldFileWhenAWriteFailsHalfway) {
     SettingsFile().SaveSetting(u"Option", u"1");
     const std::string old = folder.read(fileName);
     const auto previous = std::signal(SIGXFSZ, SIG_IGN);
@@ -186,10 +186,10 @@ TEST_F(SettingsFileTest, aWriteThatFailsHalfwayLeavesTheOldFile) {
     EXPECT_EQ(failure, FailureNumber::deviceIoError);
     EXPECT_EQ(folder.read(fileName), old);
     const auto entries = std::filesystem::directory_iterator(folder.path() / "Tessaly");
-    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "a temporary file was left behind";
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "a temporary file was not removed";
 }
 
-/// Another process that saves `key` again and again, each time one character many times over.
+/// Starts a process that saves `key` `rounds` times, each time 20,000 times the same letter.
 pid_t startWriter(std::u16string_view key, int rounds) {
     const pid_t child = fork();
     if (child != 0)
@@ -203,7 +203,7 @@ bool isWhole(const std::u16string& value) {
     return value.empty() || (value.size() == 20'000 && value.find_first_not_of(value[0]) == value.npos);
 }
 
-TEST_F(SettingsFileTest, twoWindowsThatSaveAtOnceLoseNothing) {
+TEST_F(SettingsFileTest, losesNothingWhenTwoProgramsSaveAtTheSameTime) {
     constexpr int rounds = 60;
     SettingsFile().SaveSetting(u"Option", u"3");
     const pid_t writers[] = {startWriter(u"Tags", rounds), startWriter(u"Snapshot", rounds)};
@@ -223,7 +223,7 @@ TEST_F(SettingsFileTest, twoWindowsThatSaveAtOnceLoseNothing) {
     EXPECT_GT(writers[0] + writers[1], 0);
 }
 
-TEST_F(SettingsFileTest, aKillInTheMiddleOfAWriteLeavesAWholeFile) {
+TEST_F(SettingsFileTest, keepsAWholeFileWhenAWriterIsKilled) {
     SettingsFile().SaveSetting(u"Option", u"3");
     for (int kills = 0; kills < 20; ++kills) {
         const pid_t writer = startWriter(u"Tags", 1'000'000);

@@ -1,4 +1,4 @@
-// The settings file where a file that somebody reads cannot be replaced.
+// Saving settings while another program reads the file, which Windows does not let be replaced then.
 #include "app/settings_file.h"
 #include "app/system.h"
 #include "platform/failure.h"
@@ -14,7 +14,7 @@
 namespace brindlewick {
 namespace {
 
-/// Settings in a folder of their own, held open as by a reader who lets nobody replace them.
+/// Opens the settings file like a reader that does not allow replacing it.
 class SettingsThatAreRead : public ::testing::Test {
 protected:
     SettingsThatAreRead() {
@@ -31,7 +31,7 @@ protected:
     HANDLE reader;
 };
 
-TEST_F(SettingsThatAreRead, AreSavedWhenTheReaderIsThrough) {
+TEST_F(SettingsThatAreRead, AreSavedWhenTheReaderClosesTheFile) {
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
     std::thread leaving([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -42,13 +42,13 @@ TEST_F(SettingsThatAreRead, AreSavedWhenTheReaderIsThrough) {
     EXPECT_EQ(SettingsFile().GetSetting(u"Option", u""), u"2");
 }
 
-TEST_F(SettingsThatAreRead, StayAsTheyWereWhenTheReaderStays) {
+TEST_F(SettingsThatAreRead, AreKeptWhenTheReaderDoesNotCloseTheFile) {
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
     EXPECT_THROW(SettingsFile().SaveSetting(u"Option", u"2"), Failure);
     ::CloseHandle(reader);
     EXPECT_EQ(SettingsFile().GetSetting(u"Option", u""), u"1");
     const auto entries = std::filesystem::directory_iterator(folder.path() / "Tessaly");
-    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "a temporary file was left behind";
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1) << "a temporary file was not removed";
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-// What no user does on purpose: settings of every hostile kind, and the window closed in the middle of each
-// long operation.
+// Broken settings, and closing the window during every long operation.
 
 #include "app/main_window_fixture.h"
 
@@ -102,7 +101,7 @@ TEST_F(WindowFaults, ClosesInTheMiddleOfEveryLongOperation) {
         bool isUnderWay = false;
         const auto closeNow = [&] {
             for (QPushButton* button : window->findChildren<QPushButton*>())
-                button->click(); // none of them starts anything
+                button->click(); // buttons are ignored during an operation
             window->close();
             EXPECT_EQ(settings.GetSetting(u"Tags", u""), u"name||MySeparator12||") << name;
         };
@@ -110,7 +109,7 @@ TEST_F(WindowFaults, ClosesInTheMiddleOfEveryLongOperation) {
             if (window->user().isBusy() && !std::exchange(isUnderWay, true))
                 QMetaObject::invokeMethod(window.get(), closeNow, Qt::QueuedConnection);
         });
-        QTest::qWait(120); // longer than events ever have to wait, so that the first look handles them
+        QTest::qWait(120); // longer than the maximum pause of `yield`, so that its first call handles events
         messagesOf([&] { operation.start(*window); });
         EXPECT_TRUE(isUnderWay) << name;
         EXPECT_EQ(ended, 1) << name;
