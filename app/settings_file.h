@@ -1,6 +1,6 @@
 // The settings store of the program: an INI file in the user's configuration folder.
 //
-// Written without QSettings, which does not report a failed write and cuts the file at 4,096 bytes.
+// It does not use QSettings: a write that fails there is not reported and leaves the file cut at 4,096 bytes.
 #pragma once
 
 #include "platform/settings_store.h"

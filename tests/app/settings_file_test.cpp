@@ -135,7 +135,7 @@ TEST(SettingsText, changesTheLineOfTheKeyAlone) {
 }
 
 TEST_F(SettingsFileTest, reportsTheReasonOfAFailure) {
-    folder.write("plain", "");
+    folder.write("file", "");
     folder.write("c1/Tessaly", "");
     folder.makeFolder("c2/Tessaly/Brindlewick.ini");
     const struct {
@@ -144,7 +144,7 @@ TEST_F(SettingsFileTest, reportsTheReasonOfAFailure) {
         std::optional<FailureNumber> saving;
     } cases[] = {
         {"new/deep", {}, {}}, // missing folders are created
-        {"plain", {}, FailureNumber::pathNotFound},
+        {"file", {}, FailureNumber::pathNotFound},
         {"c1", {}, FailureNumber::pathNotFound},
         {"c2", FailureNumber::permissionDenied, FailureNumber::permissionDenied},
 #ifdef __unix__
