@@ -1,4 +1,3 @@
-// Which folders a scan enters and which files it takes: rules on names, lengths and attributes.
 #include "lists/folder_rules.h"
 
 #include "platform/native_path.h"
@@ -19,7 +18,7 @@ bool isAcceptedFolderName(std::u16string_view name) noexcept {
     return name.size() < folderPathLimit && !IsBadName(name) && name != u"." && name != u"..";
 }
 
-bool attributesLetWalk(unsigned attributes, bool isRoot) noexcept {
+bool attributesAllowEntering(unsigned attributes, bool isRoot) noexcept {
     return isRoot || (attributes != attribute::protectedFolder && attributes != attribute::linkedFolder);
 }
 

@@ -1,4 +1,4 @@
-// Which folders a scan enters and which files it takes: rules on names, lengths and attributes.
+// The rules of a folder scan: which folders it enters and which files it lists.
 #pragma once
 
 #include "platform/files.h"
@@ -8,27 +8,27 @@
 
 namespace brindlewick {
 
-/// Code units. A folder path of this length (its separator included) or more is not walked, and a folder name
-/// of this length or more is not accepted.
+/// In UTF-16 code units. A scan does not enter a folder whose path, with its final separator, is this long or
+/// longer, and does not accept a folder name of this length.
 inline constexpr std::size_t folderPathLimit = 260;
 
-/// True when a character of the name, in the single-byte character set, is "?" (which is also how a character
-/// outside the set arrives), lies in 127 to 159 or is below 32. Euro sign, dashes and curly quotes lie there.
-bool IsBadName(std::u16string_view name) noexcept;
+/// True when the name, in the single-byte character set, has a byte from 127 to 159, one below 32, or "?",
+/// which replaces characters outside the set. The euro sign, dashes and curly quotes are among these bytes.
+[[nodiscard]] bool IsBadName(std::u16string_view name) noexcept;
 
-/// True for the names of subfolders that a scan follows.
-bool isAcceptedFolderName(std::u16string_view name) noexcept;
+/// True for the names of subfolders that a scan enters.
+[[nodiscard]] bool isAcceptedFolderName(std::u16string_view name) noexcept;
 
-/// False for junctions and protected system folders, unless the folder is a root, which is always entered.
-bool attributesLetWalk(unsigned attributes, bool isRoot) noexcept;
+/// False for junctions and protected system folders. A root folder is always entered.
+[[nodiscard]] bool attributesAllowEntering(unsigned attributes, bool isRoot) noexcept;
 
-/// True for "/", for "C:\" on Windows, and for nothing that has a name.
-bool isRootFolder(std::u16string_view folder);
+/// True for "/" and, on Windows, "C:\"; false for a path with any folder name in it.
+[[nodiscard]] bool isRootFolder(std::u16string_view folder);
 
-/// Names that begin with "~" are temporary copies and never listed.
-bool isTemporaryCopy(std::u16string_view fileName) noexcept;
+/// True for names that begin with "~". These files are never listed.
+[[nodiscard]] bool isTemporaryCopy(std::u16string_view fileName) noexcept;
 
-/// True for an existing file, hidden ones included, whose attributes are not exactly archive + hidden.
-bool isAcceptedFile(const FileStatus& status) noexcept;
+/// True for an existing file unless its attributes are exactly archive + hidden.
+[[nodiscard]] bool isAcceptedFile(const FileStatus& status) noexcept;
 
 } // namespace brindlewick

@@ -1,8 +1,6 @@
-// The walk through a folder tree, one level after the other, with one listing per folder.
 #include "lists/folder_scanner.h"
 
 #include "lists/folder_rules.h"
-#include "lists/path_cleanup.h"
 #include "platform/error_report.h"
 #include "platform/files.h"
 #include "platform/letter_case.h"
@@ -16,8 +14,8 @@ namespace brindlewick {
 
 namespace {
 
-/// Failures that mean a folder is gone or closed to the user, which a scan passes over.
-bool isMissingOrRefused(FailureNumber number) noexcept {
+/// True for failures that a scan ignores: the folder is missing, or access is denied.
+bool isIgnored(FailureNumber number) noexcept {
     return number == FailureNumber::permissionDenied || number == FailureNumber::pathNotFound;
 }
 
@@ -27,7 +25,7 @@ void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool 
     const Guard guard(user, u"AddFolder.GetSubDirectories2016", u"MerrowTitle2021/08/31");
     using Order = FolderCollection::Order;
 
-    // Drops from a level what cannot be read, and gives the level below.
+    // Removes unreadable folders from a level and returns the level below.
     const auto examineLevel = [&](Order& level) {
         Order below;
         std::size_t kept = 0;
@@ -46,9 +44,9 @@ void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool 
         Order below;
         if (recurse)
             below = examineLevel(level);
-        // Unlike the start folders, a subfolder that may not be walked is not listed either. One whose path
-        // is too long to be walked is: its own files are within reach.
-        std::erase_if(level, [&](auto id) { return !folders.isFollowed(id); });
+        // A subfolder that must not be entered is not listed either, unlike a start folder. A subfolder whose
+        // path is too long is listed: its own files can be opened.
+        std::erase_if(level, [&](auto id) { return !folders.isEntered(id); });
         guard([&] { folders.order_.insert(folders.order_.end(), level.begin(), level.end()); });
         level = std::move(below);
     }
@@ -61,7 +59,7 @@ std::vector<std::u16string> GetFilesInFolder(std::u16string_view folder, std::u1
     try {
         entries = listFolder(prefix);
     } catch (const Failure& failure) {
-        if (!isMissingOrRefused(failure.number()))
+        if (!isIgnored(failure.number()))
             throw;
     }
     for (FolderEntry& entry : entries)
@@ -77,7 +75,7 @@ void FolderCollection::addStartFolder(std::u16string_view folder) {
         return;
     }
     const bool isRoot = isRootFolder(path);
-    // Behind a separator the system would look at a link's target instead of the link.
+    // With a final separator the system would give the attributes of a link's target, not of the link.
     std::u16string_view bare = path;
     if (!isRoot)
         bare.remove_suffix(1);
@@ -92,7 +90,7 @@ const std::vector<std::u16string>& FolderCollection::acceptedFiles(std::size_t p
     Folder& folder = folders_[order_[position]];
     if (!folder.isListed)
         list(folder);
-    if (folder.failure && !isMissingOrRefused(*folder.failure))
+    if (folder.failure && !isIgnored(*folder.failure))
         throw Failure(*folder.failure);
     if (!folder.filesAreChecked) {
         const FilesOfFolder files(folder.path);
@@ -116,10 +114,10 @@ FolderCollection::FolderId FolderCollection::idOf(std::u16string path, unsigned 
     return id;
 }
 
-bool FolderCollection::isFollowed(FolderId id) const {
+bool FolderCollection::isEntered(FolderId id) const {
     const Folder& folder = folders_[id];
     return (folder.attributes & attribute::folder) != 0 &&
-           attributesLetWalk(folder.attributes, folder.isRoot);
+           attributesAllowEntering(folder.attributes, folder.isRoot);
 }
 
 /// Appends the folder's subfolders to `below`; false when the folder cannot be read.
@@ -127,7 +125,7 @@ bool FolderCollection::examine(FolderId id, Order& below, UserInterface& user) {
     Folder& folder = folders_[id];
     user.showProgress(u"Scanning " + folder.path + u": " + fileCountText(fileNamesFound_), 0, 0);
     user.yield();
-    if (!isFollowed(id) || folder.path.size() >= folderPathLimit)
+    if (!isEntered(id) || folder.path.size() >= folderPathLimit)
         return true;
     if (!folder.isListed)
         list(folder);
@@ -135,11 +133,10 @@ bool FolderCollection::examine(FolderId id, Order& below, UserInterface& user) {
         below.push_back(subfolder);
         user.yield();
     }
-    return !folder.failure || !isMissingOrRefused(*folder.failure);
+    return !folder.failure || !isIgnored(*folder.failure);
 }
 
-/// Fills in what the folder holds. A failure to read it is kept: the walk drops the folder or passes over it,
-/// and asking for its files reports what the walk did not mean.
+/// Lists the folder. A failure is stored: the walk may ignore it, and `acceptedFiles` reports it otherwise.
 void FolderCollection::list(Folder& folder) {
     std::vector<FolderEntry> entries;
     std::optional<FailureNumber> listingFailure;

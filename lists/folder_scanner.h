@@ -1,4 +1,4 @@
-// The folders below a start folder, level by level, and the files in them.
+// The scan of a folder tree: its folders, breadth first, and the files in them.
 #pragma once
 
 #include "platform/failure.h"
@@ -15,34 +15,40 @@
 
 namespace brindlewick {
 
-/// The bare names of the files in a folder that match a pattern, in the order of the listing. A folder that
-/// is missing or cannot be read has none; fails with deviceIoError when the listing breaks off.
-std::vector<std::u16string> GetFilesInFolder(std::u16string_view folder, std::u16string_view pattern);
+/// The names, without the folder, of the files in a folder that match a pattern, in the order of the listing;
+/// none when the folder is missing or access is denied. Fails with deviceIoError when the listing cannot be
+/// completed.
+[[nodiscard]] std::vector<std::u16string> GetFilesInFolder(std::u16string_view folder,
+                                                           std::u16string_view pattern);
 
-/// An ordered collection of folder paths, each ending in a separator. A folder may stand in it several times;
-/// however often it does, it is listed once and each of its files is looked at once. The listing that finds a
-/// folder's subfolders also yields its files: only names that match the pattern are remembered.
+/// An ordered collection of folder paths, each with a final separator. A folder may occur several times, but
+/// it is listed once and the status of each of its files is read once. One listing gives both subfolders and
+/// files; only file names that match the pattern are kept.
 class FolderCollection {
 public:
     explicit FolderCollection(std::u16string_view filePattern) : filePattern_(filePattern) {}
     FolderCollection(const FolderCollection&) = delete;
     FolderCollection& operator=(const FolderCollection&) = delete;
 
-    /// Appends a folder, with or without a separator at its end. A folder that no listing has shown yet is
-    /// looked at once.
+    /// Appends a folder, given with or without a final separator. Reads its attributes unless a listing has
+    /// given them.
     void addStartFolder(std::u16string_view folder);
 
-    std::size_t size() const noexcept { return order_.size(); }
-    const std::u16string& operator[](std::size_t position) const { return folders_[order_[position]].path; }
+    [[nodiscard]] std::size_t size() const noexcept { return order_.size(); }
+    /// The path of the folder at `position`, counted from 0.
+    [[nodiscard]] const std::u16string& operator[](std::size_t position) const {
+        return folders_[order_[position]].path;
+    }
 
-    /// The bare names of the files to list from the folder at `position`, in the order of the listing. Valid
-    /// until the collection goes. Fails with deviceIoError when the folder's listing broke off.
-    const std::vector<std::u16string>& acceptedFiles(std::size_t position, UserInterface& user);
+    /// The names, without the folder, of the files to list from the folder at `position`, in the order of the
+    /// listing. Valid as long as the collection. Fails with deviceIoError when the listing could not be
+    /// completed. Yields once per file whose status it reads.
+    [[nodiscard]] const std::vector<std::u16string>& acceptedFiles(std::size_t position, UserInterface& user);
 
 private:
     friend void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse);
 
-    using FolderId = std::uint32_t; ///< place in folders_
+    using FolderId = std::uint32_t; ///< index in folders_
     using Order = std::vector<FolderId>;
 
     struct Folder {
@@ -57,26 +63,25 @@ private:
     };
 
     FolderId idOf(std::u16string path, unsigned attributes);
-    bool isFollowed(FolderId id) const;
+    bool isEntered(FolderId id) const;
     bool examine(FolderId id, Order& below, UserInterface& user);
     void list(Folder& folder);
 
     std::u16string filePattern_;
-    std::deque<Folder> folders_; ///< never moved: idOfPath_ looks into the paths
+    std::deque<Folder> folders_; ///< its elements never move: idOfPath_ refers to their paths
     std::unordered_map<std::u16string_view, FolderId> idOfPath_; ///< every folder in folders_
     Order order_;
     std::uint64_t fileNamesFound_ = 0;
 };
 
-/// Walks the folders of the collection: appends their accepted subfolders, all of them in order, then (with
-/// `recurse`) those of the subfolders, and so on, breadth first. Folders already in the collection are walked
-/// again like any other, so a second walk appends the subfolders of the first one's folders once more. A
-/// folder that cannot be read is dropped without a word; links to folders are not followed. Lets events be
-/// handled once per folder and once per subfolder. Reports its own failures. No recursion; linear in the
-/// resulting collection.
+/// Walks the folders of the collection, breadth first: appends their accepted subfolders in order, then (with
+/// `recurse`) the subfolders of these, and so on. A second walk includes the folders that the first one
+/// appended, so their subfolders are appended again. Folders that are missing or deny access are removed from
+/// the collection without a report; links to folders are not followed. Yields once per folder and once per
+/// subfolder. Reports its own failures. Not recursive; linear in the resulting collection.
 void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse);
 
 /// "1 file", "1000 files".
-std::u16string fileCountText(std::uint64_t count);
+[[nodiscard]] std::u16string fileCountText(std::uint64_t count);
 
 } // namespace brindlewick

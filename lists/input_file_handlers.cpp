@@ -1,10 +1,8 @@
-// What the buttons and gestures of the input file list do.
 #include "lists/input_file_handlers.h"
 
 #include "lists/folder_scanner.h"
 #include "lists/list_file.h"
-#include "lists/path_cleanup.h"
-#include "lists/selection.h"
+#include "lists/listed_paths.h"
 #include "platform/busy_scope.h"
 #include "platform/error_report.h"
 #include "platform/files.h"
@@ -16,12 +14,14 @@ namespace brindlewick {
 namespace {
 
 constexpr std::u16string_view addFilesTitle = u"Add File(s) - Hold Ctrl to select multiple files";
+constexpr std::u16string_view tooManyFilesMessage =
+    u"You've selected too many files to add.\r\rPlease try adding via the \"Add All\" button.";
 constexpr std::u16string_view extensionPrompt =
     u"Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.)";
 constexpr std::u16string_view listFileMessage =
     u"File should look like:\rC:\\test\\1.xml\rC:\\test\\2.xml\retc.";
 
-/// Walks the collection and appends the files of all its folders; gives how many.
+/// Walks the collection, appends the files of all its folders and returns their number.
 std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderCollection& folders,
                                 TextList& inputFiles) {
     std::uint64_t added = 0;
@@ -40,6 +40,7 @@ std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderC
 
 } // namespace
 
+// "Add JSON Files"
 void InputFileHandlers::PushButton1_Click() {
     const Guard guard(user_, u"Form1.PushButton1_Click");
     std::u16string selection;
@@ -54,6 +55,7 @@ void InputFileHandlers::PushButton1_Click() {
     });
 }
 
+// "Add All JSON Files In Folder"
 void InputFileHandlers::PushButton5_Click() {
     const Guard guard(user_, u"Form1.PushButton5_Click");
     std::u16string extension;
@@ -82,6 +84,7 @@ void InputFileHandlers::PushButton5_Click() {
     busy.end([&] { return fileCountText(added) + u" added"; });
 }
 
+// "Load JSON Files From Text File"
 void InputFileHandlers::PushButton16_Click() {
     const Guard guard(user_, u"Form1.PushButton16_Click");
     guard([&] { user_.showMessage(listFileMessage); });
@@ -93,6 +96,7 @@ void InputFileHandlers::PushButton16_Click() {
         guard([&] { ReadListFile(user_, path, inputFiles_); });
 }
 
+// "Clear List"
 void InputFileHandlers::PushButton14_Click() {
     const Guard guard(user_, u"Form1.PushButton14_Click");
     guard([&] { inputFiles_.clear(); });
@@ -108,10 +112,10 @@ void InputFileHandlers::ListView1_DblClick(std::optional<std::size_t> selectedRo
 void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>& items) {
     const Guard guard(user_, u"Form1.ListView1_OLEDragDrop");
     std::uint64_t added = 0;
-    // Not emptied between the folders of one drop: the files of the earlier ones are listed again with every
-    // later one. Odd, and kept.
+    // Deliberate: one collection for the whole drop, so that every folder lists the files of the folders
+    // before it again.
     std::optional<FolderCollection> folders;
-    std::optional<BusyScope> busy; // from the first folder on; a drop may come during another operation
+    std::optional<BusyScope> busy; // from the first folder on
     for (const std::u16string& item : items) {
         if (!IsFolder(item)) {
             guard([&] { inputFiles_.append(item); });

@@ -1,4 +1,4 @@
-// What the buttons and gestures of the input file list do.
+// The handlers of the input file list's buttons and gestures.
 #pragma once
 
 #include "lists/text_list.h"
@@ -12,7 +12,7 @@
 
 namespace brindlewick {
 
-/// Each handler reports its own failures and goes on; what was appended before a failure stays.
+/// Each handler reports its own failures and continues. What was appended before a failure stays.
 class InputFileHandlers {
 public:
     InputFileHandlers(UserInterface& user, SettingsStore& settings, TextList& inputFiles) noexcept
@@ -22,9 +22,9 @@ public:
     void PushButton5_Click();  ///< "Add All JSON Files In Folder"
     void PushButton16_Click(); ///< "Load JSON Files From Text File"
     void PushButton14_Click(); ///< "Clear List"
-    /// Removes the selected row unless an operation is under way.
+    /// Removes the selected row unless the user interface is busy.
     void ListView1_DblClick(std::optional<std::size_t> selectedRow);
-    /// Takes dropped files and folders, in the order that the drop delivers them.
+    /// Appends dropped files, and the files of dropped folders, in the order of the drop; also while busy.
     void ListView1_OLEDragDrop(const std::vector<std::u16string>& items);
 
 private:

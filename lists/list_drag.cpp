@@ -1,14 +1,13 @@
-// Reordering by dragging inside the input file list: the dragged text travels row by row.
 #include "lists/list_drag.h"
 
 namespace brindlewick {
 
 namespace {
 
-// The band in which the list does not scroll, in pixels of the screen. It does not follow the window: odd,
-// and kept.
-constexpr int firstRestingScreenRow = 305;
-constexpr int firstScreenRowBelowRest = 365;
+// The list scrolls up above this band of the screen and down below it, in pixels. Deliberate: the band does
+// not move with the window.
+constexpr int bandTop = 305;
+constexpr int bandBottom = 365; // the first pixel below the band
 
 } // namespace
 
@@ -22,10 +21,10 @@ ListDrag::Outcome ListDrag::ListView1_MouseMove(std::optional<std::size_t> rowUn
         list_.exchange(*selectedRow, row);
         outcome.select = row;
     }
-    if (screenRow < firstRestingScreenRow) {
+    if (screenRow < bandTop) {
         if (row > 0)
             outcome.scrollTo = row - 1;
-    } else if (screenRow >= firstScreenRowBelowRest && row + 1 < list_.size()) {
+    } else if (screenRow >= bandBottom && row + 1 < list_.size()) {
         outcome.scrollTo = row + 1;
     }
     return outcome;

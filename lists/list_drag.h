@@ -1,4 +1,4 @@
-// Reordering by dragging inside the input file list: the dragged text travels row by row.
+// Reordering the input file list by dragging: the dragged text moves row by row.
 #pragma once
 
 #include "lists/text_list.h"
@@ -14,16 +14,17 @@ public:
 
     void ListView1_MouseDown() noexcept { dragging_ = true; }
     void ListView1_MouseUp() noexcept { dragging_ = false; }
-    bool isDragging() const noexcept { return dragging_; }
+    [[nodiscard]] bool isDragging() const noexcept { return dragging_; }
 
-    /// What the view has to do after a move: select a row, scroll a row into view.
+    /// The row that the view selects, and the row that it scrolls into view.
     struct Outcome {
         std::optional<std::size_t> select;
         std::optional<std::size_t> scrollTo;
     };
-    /// `screenRow` is the pointer's position on the screen in pixels from the top.
-    Outcome ListView1_MouseMove(std::optional<std::size_t> rowUnderPointer,
-                                std::optional<std::size_t> selectedRow, int screenRow);
+    /// Exchanges the texts of the selected row and the row under the pointer if they differ. `screenRow` is
+    /// the pointer's distance from the top of the screen, in pixels.
+    [[nodiscard]] Outcome ListView1_MouseMove(std::optional<std::size_t> rowUnderPointer,
+                                              std::optional<std::size_t> selectedRow, int screenRow);
 
 private:
     TextList& list_;

@@ -1,4 +1,3 @@
-// Reads a list file block by block, so that neither a long file nor a long line is held twice.
 #include "lists/list_file.h"
 
 #include "platform/failure.h"
@@ -12,12 +11,12 @@ namespace brindlewick {
 
 namespace {
 
-/// Cuts the bytes of a file, handed in block by block, into the entries of a list.
-class EntryCutter {
+/// Splits the bytes of a file, passed block by block, into the entries of a list.
+class EntrySplitter {
 public:
-    explicit EntryCutter(TextList& list) noexcept : list_(list) {}
+    explicit EntrySplitter(TextList& list) noexcept : list_(list) {}
 
-    void take(std::string_view bytes) {
+    void add(std::string_view bytes) {
         std::size_t start = 0;
         for (std::size_t at = 0; at < bytes.size(); ++at) {
             const char byte = bytes[at];
@@ -28,12 +27,12 @@ public:
             if (byte == '\r')
                 endLine();
             else if (!std::exchange(afterReturn_, false))
-                cutLine();
+                splitLine();
         }
         extendEntry(bytes.substr(start));
     }
 
-    /// At the end of the file: a line that has begun is an entry, even when a bare LF was the last of it.
+    /// The end of the file: an unfinished line is an entry, also an empty one after a LF alone.
     void finish() {
         if (lineHasBegun_)
             endLine();
@@ -49,7 +48,7 @@ private:
         lineHasBegun_ = true;
         afterReturn_ = false;
     }
-    void cutLine() {
+    void splitLine() {
         list_.append(std::exchange(entry_, {}));
         lineHasBegun_ = true;
     }
@@ -61,8 +60,8 @@ private:
 
     TextList& list_;
     std::u16string entry_;      ///< at most longestText
-    bool lineHasBegun_ = false; ///< something, a bare LF included, stands behind the last line end
-    bool afterReturn_ = false;  ///< the last byte was a CR: a LF here belongs to it
+    bool lineHasBegun_ = false; ///< there was a byte, or a LF alone, after the last line end
+    bool afterReturn_ = false;  ///< the last byte was a CR, so a LF now is part of its line end
 };
 
 } // namespace
@@ -74,10 +73,10 @@ void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list)
     }
     InputFile file(path);
     std::vector<char> block(std::size_t{1} << 16);
-    EntryCutter cutter(list);
+    EntrySplitter splitter(list);
     while (const std::size_t count = file.read(block))
-        cutter.take({block.data(), count});
-    cutter.finish();
+        splitter.add({block.data(), count});
+    splitter.finish();
 }
 
 } // namespace brindlewick

@@ -1,4 +1,4 @@
-// Text files that hold one path or one tag a line.
+// Text files with one path or one tag per line.
 #pragma once
 
 #include "lists/text_list.h"
@@ -8,13 +8,13 @@
 
 namespace brindlewick {
 
-/// Appends every line of the file, in the single-byte character set, to the list: nothing trimmed, blank
-/// lines included. CR, with or without a LF behind it, ends a line, and nothing follows the last one. A bare
-/// LF cuts its line in two, so a LF at the end of the file leaves an empty entry.
+/// Appends every line of the file, read in the single-byte character set, to the list. Lines are not trimmed,
+/// and blank lines become empty entries. CR or CR LF ends a line. A LF alone splits its line in two, so a LF
+/// at the end of the file leaves an empty entry; a CR or CR LF there does not.
 ///
-/// A missing file is told with a message and appends nothing. Fails as files.h says, and with outOfMemory for
-/// an entry above longestText; what was appended before stays. Linear in the file's length; memory beyond the
-/// list is one entry.
+/// For a missing file it shows "File not found" and appends nothing. Fails as files.h describes, and with
+/// outOfMemory for an entry longer than `longestText`; what was appended before stays. Linear in the file's
+/// length; needs memory for one entry beyond the list.
 void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list);
 
 } // namespace brindlewick

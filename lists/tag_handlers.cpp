@@ -1,8 +1,7 @@
-// What the buttons and keys of the tag list do, and how the list is kept between runs.
 #include "lists/tag_handlers.h"
 
 #include "lists/list_file.h"
-#include "lists/selection.h"
+#include "lists/listed_paths.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
 
@@ -15,11 +14,12 @@ namespace brindlewick {
 namespace {
 
 constexpr std::u16string_view tagSeparator = u"||MySeparator12||";
-/// The row counter is a signed 16-bit number: rows 0 to 32,767 when restoring, a count of 32,767 when saving.
-constexpr std::size_t largestRowCounter = 32767;
+/// Rows are counted in a signed 16-bit number: up to 32,767 tags are saved, pieces 0 to 32,767 restored.
+constexpr std::size_t maxRowCounter = 32767;
 
 } // namespace
 
+// "Add Tag"
 void TagHandlers::PushButton3_Click() {
     const Guard guard(user_, u"Form1.PushButton3_Click");
     std::u16string tag;
@@ -28,6 +28,7 @@ void TagHandlers::PushButton3_Click() {
         guard([&] { tags_.append(std::move(tag)); });
 }
 
+// "Load Tags From Text File"
 void TagHandlers::PushButton4_Click() {
     const Guard guard(user_, u"Form1.PushButton4_Click");
     std::vector<std::u16string> paths;
@@ -40,6 +41,7 @@ void TagHandlers::PushButton4_Click() {
         guard([&] { ReadListFile(user_, path, tags_); });
 }
 
+// "Delete Selected Tag"
 void TagHandlers::PushButton8_Click(std::optional<std::size_t> selectedRow) {
     if (tags_.empty() || !selectedRow)
         return;
@@ -47,6 +49,7 @@ void TagHandlers::PushButton8_Click(std::optional<std::size_t> selectedRow) {
     guard([&] { tags_.removeAt(*selectedRow); });
 }
 
+// "Clear List"
 void TagHandlers::PushButton10_Click() {
     const Guard guard(user_, u"Form1.PushButton10_Click");
     guard([&] { tags_.clear(); });
@@ -60,7 +63,7 @@ void TagHandlers::ListView3_KeyDown(int keyCode, std::optional<std::size_t> sele
 }
 
 std::u16string tagsToSetting(const TextList& tags) {
-    if (tags.size() > largestRowCounter)
+    if (tags.size() > maxRowCounter)
         throw Failure(FailureNumber::overflow);
     std::u16string setting;
     for (const std::u16string& tag : tags) {
@@ -75,12 +78,12 @@ std::u16string tagsToSetting(const TextList& tags) {
 void appendTagsFromSetting(std::u16string_view stored, TextList& tags) {
     std::size_t start = 0;
     for (std::size_t piece = 0; start <= stored.size(); ++piece) {
-        if (piece > largestRowCounter)
+        if (piece > maxRowCounter)
             throw Failure(FailureNumber::overflow);
         const std::size_t end = std::min(stored.find(tagSeparator, start), stored.size());
         if (end > start)
             tags.append(std::u16string(stored.substr(start, end - start)));
-        // Past the end of the last piece: the loop ends. A separator at the very end leaves one empty piece.
+        // After a final separator there is one more piece, an empty one.
         start = end < stored.size() ? end + tagSeparator.size() : stored.size() + 1;
     }
 }

@@ -1,4 +1,4 @@
-// What the buttons and keys of the tag list do, and how the list is kept between runs.
+// The handlers of the tag list's buttons and keys, and the list as a setting.
 #pragma once
 
 #include "lists/text_list.h"
@@ -11,7 +11,7 @@
 
 namespace brindlewick {
 
-/// Each handler reports its own failures and goes on; what was appended before a failure stays.
+/// Each handler reports its own failures and continues. What was appended before a failure stays.
 class TagHandlers {
 public:
     TagHandlers(UserInterface& user, TextList& tags) noexcept : user_(user), tags_(tags) {}
@@ -20,7 +20,7 @@ public:
     void PushButton4_Click();                                       ///< "Load Tags From Text File"
     void PushButton8_Click(std::optional<std::size_t> selectedRow); ///< "Delete Selected Tag"
     void PushButton10_Click();                                      ///< "Clear List"
-    /// `deleteKeyCode` removes the selected row unless an operation is under way.
+    /// `deleteKeyCode` removes the selected row unless the user interface is busy.
     void ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow);
 
 private:
@@ -28,11 +28,11 @@ private:
     TextList& tags_;
 };
 
-/// Every tag followed by "||MySeparator12||". Fails with overflow for more than 32,767 tags: the row counter
-/// is a signed 16-bit number.
-std::u16string tagsToSetting(const TextList& tags);
-/// Appends the pieces between separators that are not empty, as they stand. Fails with overflow, after the
-/// first 32,768 pieces, when the text splits into more.
+/// The tags, each followed by "||MySeparator12||". Fails with overflow for more than 32,767 tags, since rows
+/// are counted in a signed 16-bit number, and with outOfMemory for a text longer than `longestText`.
+[[nodiscard]] std::u16string tagsToSetting(const TextList& tags);
+/// Appends the non-empty pieces between the separators, unchanged. Fails with overflow after the first 32,768
+/// pieces when there are more.
 void appendTagsFromSetting(std::u16string_view stored, TextList& tags);
 
 } // namespace brindlewick

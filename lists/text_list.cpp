@@ -1,4 +1,3 @@
-// Changes to a list of texts, and the word about them to whoever shows the list.
 #include "lists/text_list.h"
 
 #include "platform/failure.h"

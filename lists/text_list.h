@@ -1,4 +1,4 @@
-// An ordered list of texts: the input file list and the tag list are one each.
+// An ordered list of texts: the input file list, and the tag list.
 #pragma once
 
 #include <cstddef>
@@ -25,13 +25,12 @@ public:
 
 class TextList {
 public:
-    std::size_t size() const noexcept { return texts_.size(); }
-    bool empty() const noexcept { return texts_.empty(); }
+    [[nodiscard]] std::size_t size() const noexcept { return texts_.size(); }
+    [[nodiscard]] bool empty() const noexcept { return texts_.empty(); }
     /// The text of a row, from 0.
     const std::u16string& operator[](std::size_t row) const { return texts_[row]; }
-    /// The texts themselves, in order; whoever holds on to them across an event-loop turn asks for the size
-    /// anew.
-    const std::vector<std::u16string>& texts() const noexcept { return texts_; }
+    /// The texts, in order. The reference stays valid, but the rows may change whenever events are handled.
+    [[nodiscard]] const std::vector<std::u16string>& texts() const noexcept { return texts_; }
     auto begin() const noexcept { return texts_.begin(); }
     auto end() const noexcept { return texts_.end(); }
 
@@ -43,12 +42,13 @@ public:
             listener_->rowWasAppended();
         }
     }
+    /// Fails with subscriptOutOfRange for a row that does not exist; so does `exchange`.
     void removeAt(std::size_t row);
     void clear();
-    /// Puts back what the last change took from the list, where it was; false when the last change took
-    /// nothing. Costs no copy of a cleared list, however large.
+    /// Undoes the last change if it removed texts: they return to their rows. False when it removed none. No
+    /// text is copied.
     bool restoreTaken();
-    /// Exchanges the texts of two rows; the rows stay where they are.
+    /// Exchanges the texts of two rows.
     void exchange(std::size_t first, std::size_t second);
 
     /// There is at most one listener; nullptr removes it. Its first appended row is announced.
@@ -67,12 +67,12 @@ private:
     };
 
     std::vector<std::u16string> texts_;
-    std::optional<Taken> taken_; ///< by the last change
+    std::optional<Taken> taken_; ///< what the last change removed
     TextListListener* listener_ = nullptr;
     bool announcesAppend_ = false;
 };
 
 /// True when a row has exactly the given text, letter case included.
-bool ListContainsText(const TextList& list, std::u16string_view text);
+[[nodiscard]] bool ListContainsText(const TextList& list, std::u16string_view text);
 
 } // namespace brindlewick

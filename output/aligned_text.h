@@ -9,8 +9,8 @@
 
 namespace brindlewick {
 
-/// Writes the header line and the ticked rows as `exportRows` does. A column is as wide (UTF-16 code units)
-/// as the longest of its header and its texts in all rows, unticked rows included. A tab follows every cell,
+/// Writes the header line and the checked rows as `exportRows` does. A column is as wide (UTF-16 code units)
+/// as the longest of its header and its texts in all rows, unchecked rows included. A tab follows every cell,
 /// the last one too. Measuring yields once per row and column.
 void SaveListviewProperlySpaced(UserInterface& user, const ListviewTable& table, std::u16string_view path,
                                 ProgressIndicator* progress);

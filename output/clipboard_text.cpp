@@ -25,7 +25,7 @@ std::vector<std::size_t> paddedWidths(UserInterface& user, const ListviewTable& 
     return widths;
 }
 
-/// The exact length of the text with the rows that are ticked now.
+/// The exact length of the text with the rows that are checked now.
 std::size_t textLength(UserInterface& user, const ListviewTable& table,
                        const std::vector<std::size_t>& widths) {
     std::size_t fixedLength = lineEnd.size();

@@ -1,4 +1,4 @@
-// Rows as text for the clipboard: the ticked ones in columns that line up, or the selected ones.
+// Rows as text for the clipboard: the checked ones in columns that line up, or the selected ones.
 #pragma once
 
 #include "output/listview_table.h"
@@ -15,7 +15,7 @@ struct ClipboardText {
     std::size_t rows = 0; ///< lines in it
 };
 
-/// One line per ticked row, each ended by CR LF, without headers. Every cell but the last is padded with
+/// One line per checked row, each ended by CR LF, without headers. Every cell but the last is padded with
 /// blanks to the longest text of its column in all rows (UTF-16 code units) and followed by a tab. The last
 /// cell loses the blanks at its end; the tab before it stays even when the cell is empty.
 ///
@@ -33,7 +33,7 @@ struct RowRange {
     std::size_t last;
 };
 
-/// Puts the rows on the clipboard, ticked or not: a tab between two cells, CR LF after every row. No rows
+/// Puts the rows on the clipboard, checked or not: a tab between two cells, CR LF after every row. No rows
 /// leave the clipboard as it is. Fails with outOfMemory when the text becomes longer than `longestText`, and
 /// as `UserInterface::setClipboardText` does.
 void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::span<const RowRange> ranges);

@@ -13,7 +13,7 @@ public:
     Rules rules() const override {
         return {.routine = u"Extract1.SaveListviewAsCommaDelimToFile",
                 .asksBeforeReplacing = true,
-                .takesUntickedRows = true,
+                .takesUncheckedRows = true,
                 .indicatesBeforeWriting = true};
     }
     void writeHeader(TextFileWriter& file, const ListviewTable& table) const override {

@@ -9,7 +9,7 @@
 
 namespace brindlewick {
 
-/// Writes every row, ticked or not, as `exportRows` does, after asking whether to replace an existing file.
+/// Writes every row, checked or not, as `exportRows` does, after asking whether to replace an existing file.
 /// With several columns the headers come first, each followed by a comma. With one column there is no header
 /// line, and every row but the last ends in a comma. Cells are written as they are, without quotes: a comma
 /// inside a cell makes two fields of it.

@@ -39,7 +39,7 @@ private:
     const ResultsTable& table_;
 };
 
-/// The length of the longest text in a column, unticked rows included, the header excluded; 0 without rows.
+/// The length of the longest text in a column, unchecked rows included, the header excluded; 0 without rows.
 /// Yields once per row.
 [[nodiscard]] std::size_t longestCell(UserInterface& user, const ListviewTable& table, std::size_t column);
 

@@ -55,13 +55,13 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
     const std::size_t rows = table.rowCount();
     std::size_t written = 0;
     for (std::size_t row = 0; row < rows; ++row) {
-        bool isTaken = false;
+        bool isIncluded = false;
         step([&] {
             user.yield();
             progress.showRow(row + 1, rows);
-            isTaken = rules.takesUntickedRows || (row < table.rowCount() && table.isChecked(row));
+            isIncluded = rules.takesUncheckedRows || (row < table.rowCount() && table.isChecked(row));
         });
-        if (!isTaken)
+        if (!isIncluded)
             continue;
         if (rules.indicatesBeforeWriting)
             step([&] { progress.indicateRow(row + 1, rows); });

@@ -19,7 +19,7 @@ public:
     struct Rules {
         std::u16string_view routine;         ///< as Guard takes it
         bool asksBeforeReplacing = false;    ///< an existing file
-        bool takesUntickedRows = false;      ///< otherwise ticked rows alone
+        bool takesUncheckedRows = false;     ///< otherwise only checked rows
         bool indicatesBeforeWriting = false; ///< the indicator changes before the row is written, not after
         bool setsFinalValue = false;         ///< see ExportProgress
     };
@@ -37,7 +37,8 @@ public:
 [[nodiscard]] bool mayWriteTo(UserInterface& user, std::u16string_view path);
 
 /// Writes the table to `path`, replacing a file of that name, in the single-byte character set with CR LF
-/// after every line. Busy until the end, when the status bar shows how many rows were written.
+/// after every line. The user interface is busy meanwhile; at the end the status bar shows how many rows were
+/// written.
 ///
 /// Reports its own failures and goes on, so that what was written stays; a file that cannot be written gives
 /// one report. `indicator` may be null. Yields once per row, and as often as the format's `measure`. Time is

@@ -8,8 +8,7 @@
 #include "extract/extraction_run.h"
 #include "lists/folder_rules.h"
 #include "lists/list_file.h"
-#include "lists/path_cleanup.h"
-#include "lists/selection.h"
+#include "lists/listed_paths.h"
 #include "platform/text_encoding.h"
 #include "support/fake_settings.h"
 #include "support/fake_user.h"
@@ -228,11 +227,13 @@ const std::map<std::string, std::function<Texts(const std::string&)>> plainSecti
      }},
     {"folder attributes",
      [](const std::string& numbers) {
-         return verdict(numbers, [](unsigned attributes) { return attributesLetWalk(attributes, false); });
+         return verdict(numbers,
+                        [](unsigned attributes) { return attributesAllowEntering(attributes, false); });
      }},
     {"attributes of a root",
      [](const std::string& numbers) {
-         return verdict(numbers, [](unsigned attributes) { return attributesLetWalk(attributes, true); });
+         return verdict(numbers,
+                        [](unsigned attributes) { return attributesAllowEntering(attributes, true); });
      }},
     {"file attributes",
      [](const std::string& numbers) {

@@ -1,4 +1,4 @@
-// Scans past links, refused folders and names that only a POSIX system has.
+// Scans of links, unreadable folders and names that exist only on POSIX systems.
 #include "lists/folder_scanner.h"
 
 #include "lists/input_file_handlers.h"
@@ -30,7 +30,7 @@ TEST(Scan, DoesNotFollowLinks) {
               (std::vector<std::u16string>{u"file.json", u"x.json"}));
 }
 
-TEST(Scan, DropsAFolderThatCannotBeRead) {
+TEST(Scan, LeavesOutAFolderThatCannotBeRead) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "root reads every folder";
     const Tree tree({"a/1", "closed/2", "closed/sub/3", "d/4"});

@@ -1,4 +1,4 @@
-// Scans of real folder trees: the order, what is passed over, and folders that come up more than once.
+// Scans of real folder trees: order, exclusions, and folders that occur more than once.
 #include "lists/folder_scanner.h"
 
 #include "lists/scanned_tree.h"
@@ -36,8 +36,8 @@ TEST(Scan, ListsTheFilesOfATree) {
          {""},
          u"*.*",
          "ok/\xE6\x97\xA5 \xC3\xA9/4"},
-        // A second walk takes the whole collection as its start: the subfolders of the first folder come once
-        // more, a folder at depth d as often as it has ancestors in the collection.
+        // A second walk starts from the whole collection, so the subfolders of the first folder are appended
+        // again: a folder once for every ancestor in the collection.
         {twoTrees, {"A", "B"}, u"*.*", "A/f A/x/f A/x/y/f B/f A/x/f A/x/y/f B/z/f A/x/y/f"},
         {twoTrees, {"B", "B/"}, u"*.*", "B/f B/z/f B/f B/z/f B/z/f"},
         {twoTrees, {"A/x", "A"}, u"*.*", "A/x/f A/x/y/f A/f A/x/y/f A/x/f A/x/y/f"},
@@ -52,7 +52,7 @@ TEST(Scan, ListsAHiddenFileThatIsReadOnly) {
     EXPECT_EQ(Scan(tree, {""}).files, Names{".b.json"});
 }
 
-TEST(Scan, StopsWalkingAt260CodeUnits) {
+TEST(Scan, DoesNotEnterAPathOf260CodeUnits) {
     for (const std::size_t length : {259u, 260u}) {
         const Tree tree({});
         const std::string name(length - tree.folder.text().size() - 2, 'd');
@@ -66,7 +66,7 @@ TEST(Scan, StopsWalkingAt260CodeUnits) {
     }
 }
 
-TEST(Scan, LetsEventsBeHandledAndDropsAFolderThatGoesThen) {
+TEST(Scan, YieldsAndLeavesOutAFolderRemovedMeanwhile) {
     const Tree tree({"a/1", "b/2", "b/c/3", "d/4"});
     const Scan whole(tree, {""});
     EXPECT_EQ(whole.user.yields, 5u + 4u + 4u); // folders, subfolders, files

@@ -1,4 +1,4 @@
-// Scans past folders that Windows protects.
+// Scans of folders that Windows protects.
 #include "lists/folder_rules.h"
 #include "lists/folder_scanner.h"
 

@@ -1,4 +1,4 @@
-// The buttons and gestures of the input file list, with a user who answers from a queue.
+// The buttons and gestures of the input file list, with a FakeUser that answers from queues.
 #include "lists/input_file_handlers.h"
 
 #include "lists/text_lists.h"
@@ -31,7 +31,7 @@ protected:
 
 TEST_F(InputFiles, ChosenFilesAreAppended) {
     const std::pair<std::u16string, Texts> selections[] = {
-        // with "/" for the separator
+        // "/" is replaced by the system's separator
         {u"", {}},
         {u"/d/a.json", {u"/d/a.json"}},
         {uR"(C:\\d\\a.json)", {uR"(C:\\d\\a.json)"}},
@@ -62,7 +62,8 @@ TEST_F(InputFiles, AFolderIsScannedWithTheExtensionAnswered) {
     user.textAnswers = {u"json", u"*", u"xml"};
     user.folders = {folder.text(), folder.text() + pathSeparator};
     user.whenYielding = [&] { EXPECT_EQ(user.pointer(), PointerShape::hourglass); };
-    for (int press = 0; press < 4; ++press) // cancelled twice, at either question
+    for (int press = 0; press < 4;
+         ++press) // the third is cancelled at the folder, the fourth at the extension
         handlers.PushButton5_Click();
     EXPECT_EQ(files.texts(), (Texts{at("a.json"), at("a.json"), at("b/c/d.txt")}));
     EXPECT_EQ(user.prompts.at(0),
@@ -90,7 +91,7 @@ TEST_F(InputFiles, AScanGoesOnWhenASettingCannotBeSaved) {
     EXPECT_EQ(user.pointer(), PointerShape::standard);
 }
 
-TEST_F(InputFiles, ListFilesAreReadInOrderHoweverLongTheSelection) {
+TEST_F(InputFiles, ListFilesAreReadInOrderWithoutALimitOnTheSelection) {
     const std::string longName(250, 'n');
     folder.write("1.txt", "/a\\\\b.json\r\n\r\n");
     folder.write(longName, "c\nd");
@@ -106,7 +107,7 @@ TEST_F(InputFiles, ListFilesAreReadInOrderHoweverLongTheSelection) {
     EXPECT_TRUE(user.hasOneReport(u"Permission denied", u"Form1.PushButton16_Click"));
 }
 
-TEST_F(InputFiles, ADropTakesFoldersAndFilesInItsOrder) {
+TEST_F(InputFiles, ADropAppendsFoldersAndFilesInItsOrder) {
     for (const char* name : {"A/f.json", "A/x/f", "A/~f", "B/f"})
         folder.write(name, "");
     handlers.ListView1_OLEDragDrop({u"/none\\\\a.json", at("A"), at("A/~f"), at("B")});
@@ -116,7 +117,7 @@ TEST_F(InputFiles, ADropTakesFoldersAndFilesInItsOrder) {
     handlers.ListView1_OLEDragDrop({at("A/~f")}); // no scan
     files.clear();
     const Guard guard(user, u"");
-    const BusyScope other(user, guard); // another operation: the pointer is its own
+    const BusyScope other(user, guard); // during another operation
     handlers.ListView1_OLEDragDrop({at("B"), u"/b"});
     EXPECT_EQ(files.texts(), (Texts{at("B/f"), u"/b"})); // the collection belongs to one drop
     EXPECT_EQ(user.pointerShapes,

@@ -1,4 +1,4 @@
-// Dragging inside the list: which texts change places and which row comes into view.
+// Dragging inside the list: which texts are exchanged and which row is scrolled into view.
 #include "lists/list_drag.h"
 
 #include "lists/text_lists.h"

@@ -1,4 +1,4 @@
-// List files that are missing or cannot be read, and the list that they are appended to.
+// List files that are missing or unreadable. The line ends are covered by tests/cases/lists.cases.
 #include "lists/list_file.h"
 
 #include "lists/text_lists.h"
@@ -13,7 +13,7 @@ namespace {
 
 using testing::Texts;
 
-TEST(ReadListFile, AppendsWhatCanBeRead) {
+TEST(ReadListFile, AppendsOnlyWhatCanBeRead) {
     const testing::TemporaryFolder folder;
     testing::FakeUser user;
     TextList list = testing::listOf({u"x"});

@@ -1,4 +1,4 @@
-// A folder tree made for a test, and one scan of it.
+// A temporary folder tree, and one scan of it.
 #pragma once
 
 #include "lists/folder_scanner.h"
@@ -18,13 +18,13 @@ namespace brindlewick::testing {
 
 using Names = std::vector<std::string>;
 
-/// The names in a text, which has a blank between two.
+/// The names in a text, separated by blanks.
 inline Names names(const std::string& text) {
     std::istringstream words(text);
     return {std::istream_iterator<std::string>(words), {}};
 }
 
-/// A folder tree; names that end in "/" are folders, the others empty files.
+/// Names that end in "/" become folders, the others empty files.
 class Tree {
 public:
     explicit Tree(const Names& names) {
@@ -35,14 +35,14 @@ public:
                 folder.write(name, "");
         }
     }
-    /// What of the path stands behind the temporary folder's, as bytes.
+    /// The path relative to the temporary folder, as bytes.
     std::string below(const std::u16string& path) const {
         return shownPath(path.substr(folder.text().size() + 1));
     }
     TemporaryFolder folder;
 };
 
-/// One scan, folders added one after the other with a walk after each, as a drop does.
+/// One scan with a walk after each start folder, as for dropped folders.
 struct Scan {
     Names folders;
     Names files;

@@ -1,4 +1,4 @@
-// The buttons and the Delete key of the tag list, and the list's way through the settings.
+// The buttons and the Delete key of the tag list, and the list as a setting.
 #include "lists/tag_handlers.h"
 
 #include "lists/text_lists.h"
@@ -24,7 +24,7 @@ protected:
     TagHandlers handlers{user, tags};
 };
 
-TEST_F(Tags, AreAddedAsAnsweredAndLoadedFromFiles) {
+TEST_F(Tags, AreAddedUnchangedAndLoadedFromFiles) {
     const testing::TemporaryFolder folder;
     folder.write("1.txt", "a\r\n\r\n b ");
     folder.write("sub.txt/x", "");
@@ -66,7 +66,7 @@ TEST_F(Tags, AreRemovedByButtonAndByKeyUnlessBusy) {
 
 const std::u16string mark = u"||MySeparator12||";
 
-TEST(TagSetting, HoldsTheTagsAndGivesThePiecesThatHoldText) {
+TEST(TagSetting, JoinsTagsAndRestoresNonEmptyPieces) {
     EXPECT_EQ(tagsToSetting(listOf({})), u"");
     EXPECT_EQ(tagsToSetting(listOf({u"a", u"", u" b"})), u"a" + mark + mark + u" b" + mark);
     const std::pair<std::u16string, Texts> cases[] = {
@@ -87,7 +87,8 @@ TEST(TagSetting, HoldsTheTagsAndGivesThePiecesThatHoldText) {
 TEST(TagSetting, OverflowsA16BitCounter) {
     const TextList most = listOf(Texts(32767, u"t"));
     const std::u16string stored = tagsToSetting(most); // 32,768 pieces, the last one empty
-    EXPECT_EQ(failureOf([] { tagsToSetting(listOf(Texts(32768, u"t"))); }), FailureNumber::overflow);
+    EXPECT_EQ(failureOf([] { static_cast<void>(tagsToSetting(listOf(Texts(32768, u"t")))); }),
+              FailureNumber::overflow);
     TextList restored;
     appendTagsFromSetting(stored, restored);
     EXPECT_EQ(restored.texts(), most.texts());

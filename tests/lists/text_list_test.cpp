@@ -1,5 +1,5 @@
-// The list of texts: what comes back of a change, and rows that are not there. What changes tell the listener
-// is held by the tests of the window's models.
+// The list of texts: undoing a removal, and rows that do not exist. The listener's calls are covered by the
+// tests of the window's models.
 #include "lists/text_list.h"
 
 #include "lists/text_lists.h"
@@ -14,7 +14,7 @@ using testing::failureOf;
 using testing::listOf;
 using testing::Texts;
 
-TEST(TextList, RowsThatAreNotThereChangeNothing) {
+TEST(TextList, RefusesRowsThatDoNotExist) {
     TextList list = listOf({u"a", u"b"});
     EXPECT_EQ(failureOf([&] { list.removeAt(2); }), FailureNumber::subscriptOutOfRange);
     EXPECT_EQ(failureOf([&] { list.exchange(2, 0); }), FailureNumber::subscriptOutOfRange);
@@ -22,7 +22,7 @@ TEST(TextList, RowsThatAreNotThereChangeNothing) {
     EXPECT_EQ(list.texts(), (Texts{u"a", u"b"}));
 }
 
-TEST(TextList, GivesBackWhatTheLastChangeTook) {
+TEST(TextList, RestoresWhatTheLastChangeRemoved) {
     TextList list = listOf({u"a", u"b", u"c"});
     EXPECT_FALSE(list.restoreTaken());
     list.removeAt(1);

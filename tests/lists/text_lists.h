@@ -1,4 +1,4 @@
-// Lists made of literals.
+// Lists built from literals.
 #pragma once
 
 #include "lists/text_list.h"

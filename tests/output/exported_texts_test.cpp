@@ -1,5 +1,5 @@
-// The three texts that a table becomes: the aligned file and the comma-delimited one byte for byte, the
-// clipboard's unit for unit, against a model; literal ones stand in output_handlers_test.cpp.
+// Both files, byte by byte, and the clipboard text, compared with a simple model. Literal cases are in
+// output_handlers_test.cpp.
 #include "output/aligned_text.h"
 #include "output/clipboard_text.h"
 #include "output/comma_delimited_text.h"
@@ -28,7 +28,7 @@ struct Exports {
 
 Exports exportsOf(const PlainTable& table, FakeUser& user) {
     const TemporaryFolder folder;
-    folder.write("aligned", std::string(1000, '#')); // a longer file is replaced whole
+    folder.write("aligned", std::string(1000, '#')); // replaces a longer file completely
     SaveListviewProperlySpaced(user, table, folder.text("aligned"), nullptr);
     SaveListviewAsCommaDelimToFile(user, table, folder.text("commas"), nullptr);
     ClipboardText copy = clipboardText(user, table);
@@ -36,8 +36,8 @@ Exports exportsOf(const PlainTable& table, FakeUser& user) {
     return {folder.read("aligned"), folder.read("commas"), std::move(copy.text), copy.rows};
 }
 
-/// What a table becomes, told with copies and padding and no thought for time.
-Exports plainModel(const PlainTable& table) {
+/// The exports of a table, built in the simplest way.
+Exports simpleModel(const PlainTable& table) {
     const std::size_t columns = table.headers.size();
     std::vector<std::size_t> widths(columns);
     for (const PlainRow& row : table.rows)
@@ -60,7 +60,7 @@ Exports plainModel(const PlainTable& table) {
         for (std::size_t column = 0; column < columns; ++column)
             made.commas += (column > 0 ? "," : "") + asBytes(row.cells[column]);
         made.commas += columns == 1 && &row != &table.rows.back() ? ",\r\n" : "\r\n";
-        if (!row.isTicked)
+        if (!row.isChecked)
             continue;
         made.aligned += asBytes(padded(row.cells, true)) + "\r\n";
         if (columns == 0)
@@ -77,28 +77,28 @@ std::u16string rowsWritten(std::size_t rows) {
     return fromAscii(std::to_string(rows) + (rows == 1 ? " row written" : " rows written"));
 }
 
-TEST(ExportedTexts, EqualThePlainModel) {
+TEST(ExportedTexts, EqualTheSimpleModel) {
     const std::vector<std::u16string> headers{u"A header of twenty-two", u"", u"C"};
     for (std::size_t round = 0; round < 200; ++round) {
         const std::size_t columns = round % 4;
         const std::size_t rows = round == 199 ? 20'000 : round % 7;
         const PlainTable table = generatedTable({headers.data(), headers.data() + columns}, rows, round);
-        const auto ticked =
-            std::count_if(table.rows.begin(), table.rows.end(), std::mem_fn(&PlainRow::isTicked));
+        const auto checked =
+            std::count_if(table.rows.begin(), table.rows.end(), std::mem_fn(&PlainRow::isChecked));
         FakeUser user;
-        EXPECT_TRUE(exportsOf(table, user) == plainModel(table)) << round;
-        // Measured twice, the last column for the file alone; the copy's length is added up first.
+        EXPECT_TRUE(exportsOf(table, user) == simpleModel(table)) << round;
+        // Both exports measure the columns, the copy all but the last; the copy also computes its length.
         EXPECT_EQ(user.yields, rows * (columns == 0 ? 2 : columns + (columns - 1) + 4));
         EXPECT_THAT(user.summaries,
-                    ElementsAre(rowsWritten(static_cast<std::size_t>(ticked)), rowsWritten(rows)));
+                    ElementsAre(rowsWritten(static_cast<std::size_t>(checked)), rowsWritten(rows)));
     }
 }
 
-TEST(ClipboardTextOfAHostileTable, PadsNoLastColumnAndIsRefusedBeforeItIsBuilt) {
+TEST(ClipboardText, PadsNoLastColumnAndFailsBeforeItIsTooLong) {
     FakeUser user;
     PlainTable table({u"A", u"B"}, std::vector<PlainRow>(200'000, {{u"y", u"y"}}));
     table.rows[0].cells[1] = std::u16string(2'000'000, u'x');
-    table.rows[1].isTicked = false;
+    table.rows[1].isChecked = false;
     const std::u16string text = clipboardText(user, table).text;
     EXPECT_EQ(text.size(), 199'999u * 5 + 2'000'000 - 1);
     EXPECT_EQ(text.capacity(), text.size());
@@ -108,7 +108,7 @@ TEST(ClipboardTextOfAHostileTable, PadsNoLastColumnAndIsRefusedBeforeItIsBuilt) 
     EXPECT_TRUE(user.clipboardTexts.empty() && user.progressTexts.empty());
 }
 
-TEST(SelectedRows, AreCopiedTickedOrNot) {
+TEST(SelectedRows, AreCopiedCheckedOrNot) {
     FakeUser user;
     PlainTable table({u"A", u"B"}, {{{u"a", u" x "}}, {{u"bb", u""}, false}, {{u"c", u"y"}}, {{u"d", u"z"}}});
     CopyRowsToClipboard(user, table, {});

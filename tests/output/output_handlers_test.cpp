@@ -1,4 +1,4 @@
-// The buttons under the results table: dialogs, questions, pointer and reports.
+// The buttons under the results table: dialogs, questions, pointer and error reports.
 #include "output/output_handlers.h"
 
 #include "platform/failure.h"
@@ -29,14 +29,14 @@ struct OutputButtons : ::testing::Test {
         table.setColumns(true);
         table.beginFile(u"a.json");
         table.appendRow(table.store(u"x"), true);
-        table.appendRow(table.store(u"unticked"), true);
+        table.appendRow(table.store(u"unchecked"), true);
         table.setChecked(1, false);
     }
     void press(Button button) { (handlers.*button)(); }
 };
 
-constexpr const char* aligned = "Filename\tResults \t\r\na.json  \tx       \t\r\n";
-constexpr const char* commas = "Filename,Results,\r\na.json,x\r\na.json,unticked\r\n";
+constexpr const char* aligned = "Filename\tResults  \t\r\na.json  \tx        \t\r\n";
+constexpr const char* commas = "Filename,Results,\r\na.json,x\r\na.json,unchecked\r\n";
 
 TEST_F(OutputButtons, AskAndWrite) {
     const std::optional<std::string> noFile;
@@ -93,14 +93,14 @@ constexpr std::u16string_view copiedMessage =
     u"where you normally type and press Ctrl+V to "
     u"paste the clipboard.";
 
-TEST_F(OutputButtons, CopyTakesTickedRowsAndClearLeavesTheColumns) {
+TEST_F(OutputButtons, CopyUsesCheckedRowsAndClearKeepsTheColumns) {
     press(copy);
     table.setChecked(0, false);
     press(copy);
     press(clear);
     EXPECT_EQ(table.rowCount(), 0u);
     EXPECT_EQ(table.columns().size(), 2u);
-    press(copy); // leaves what is on the clipboard
+    press(copy); // does not change the clipboard
     EXPECT_THAT(user.clipboardTexts, ElementsAre(u"a.json\tx\r\n", u""));
     EXPECT_THAT(user.messages, ElementsAre(copiedMessage, copiedMessage, copiedMessage));
     EXPECT_THAT(user.summaries, ElementsAre(u"1 row copied", u"0 rows copied", u"0 rows copied"));
@@ -108,7 +108,7 @@ TEST_F(OutputButtons, CopyTakesTickedRowsAndClearLeavesTheColumns) {
                 ElementsAre(PointerShape::hourglass, PointerShape::standard));
 }
 
-TEST_F(OutputButtons, CopyReportsAClipboardThatCannotBeHadAndGoesOn) {
+TEST_F(OutputButtons, CopyReportsAnUnavailableClipboardAndContinues) {
     struct : FakeUser {
         void setClipboardText(std::u16string_view) override {
             throw Failure(FailureNumber::permissionDenied);

@@ -1,4 +1,4 @@
-// A table made of literals, a progress indicator that remembers, and tables larger than any list of literals.
+// Tables of literals or generated texts, and a progress indicator that records its calls.
 #pragma once
 
 #include "output/export_progress.h"
@@ -15,7 +15,7 @@ namespace brindlewick::testing {
 
 struct PlainRow {
     std::vector<std::u16string> cells;
-    bool isTicked = true;
+    bool isChecked = true;
 };
 
 struct PlainTable : ListviewTable {
@@ -31,18 +31,18 @@ struct PlainTable : ListviewTable {
     std::u16string_view cell(std::size_t row, std::size_t column) const override {
         return rows.at(row).cells.at(column);
     }
-    bool isChecked(std::size_t row) const override { return rows.at(row).isTicked; }
+    bool isChecked(std::size_t row) const override { return rows.at(row).isChecked; }
 };
 
-/// Rows with texts of 0 to 20 units of every troublesome kind, a third of them unticked.
+/// Rows with texts of 0 to 20 code units that need care, a third of the rows unchecked.
 inline PlainTable generatedTable(std::vector<std::u16string> headers, std::size_t rowCount,
                                  std::size_t seed) {
-    static constexpr char16_t units[] = u"ab ,\t\r\n\"\u00E9\u20AC\u0416 "; // and the NUL behind it
+    static constexpr char16_t units[] = u"ab ,\t\r\n\"\u00E9\u20AC\u0416 "; // and the final NUL
     std::mt19937 random(static_cast<unsigned>(seed));
     PlainTable table(std::move(headers), {});
     for (std::size_t row = 0; row < rowCount; ++row) {
         PlainRow made;
-        made.isTicked = random() % 3 != 0;
+        made.isChecked = random() % 3 != 0;
         for (std::size_t column = 0; column < table.headers.size(); ++column) {
             std::u16string text;
             for (auto left = random() % 21; left > 0; --left)
@@ -54,7 +54,7 @@ inline PlainTable generatedTable(std::vector<std::u16string> headers, std::size_
     return table;
 }
 
-/// The generated texts in the single-byte character set, written down by hand.
+/// The generated texts in the single-byte character set.
 inline std::string asBytes(std::u16string_view text) {
     std::string bytes;
     for (const char16_t unit : text)

@@ -17,10 +17,10 @@ using ::testing::ElementsAre;
 const struct Writer {
     decltype(&SaveListviewProperlySpaced) save;
     std::u16string location;
-    bool zeroesValue;                     ///< when it fails
+    bool zeroesValue;                     ///< of the indicator, after a failure
     std::size_t yieldsBeforeSecondRow;    ///< of a table of three rows and one column
     std::string cutShort;                 ///< the file when the rows go then
-    std::vector<std::u16string> captions; ///< for 2,000 rows, the last one unticked
+    std::vector<std::u16string> captions; ///< for 2,000 rows, the last one unchecked
 } writers[] = {
     {SaveListviewProperlySpaced,
      u"SaveListviewProperlySpaced",
@@ -36,14 +36,14 @@ const struct Writer {
      {u"Writing file: out.txt", u"Writing file: out.txt (1000)", u"Writing file: out.txt (2000)", u"Done."}},
 };
 
-TEST(ExportFailure, IsReportedOnceAndTakesProgressBack) {
+TEST(ExportFailure, IsReportedOnceAndResetsTheIndicator) {
     const struct {
         std::string path; ///< in the test's folder, unless it begins with "/"
         std::size_t rowLength;
         std::u16string description;
     } cases[] = {
         {"/dev/full", 1 << 19, u"Disk full"},
-        {"/dev/full", 1, u"Disk full"}, // met by closing alone
+        {"/dev/full", 1, u"Disk full"}, // fails only when the file is closed
         {"nowhere/at/all.txt", 1, u"Path not found"},
         {"", 1, u"Permission denied"},
     };
@@ -51,7 +51,7 @@ TEST(ExportFailure, IsReportedOnceAndTakesProgressBack) {
     for (const auto& [path, rowLength, description] : cases)
         for (const Writer& writer : writers) {
             if (path.starts_with('/') && !std::filesystem::exists(path))
-                continue; // no device that is always full
+                continue; // this system has no such device
             FakeUser user;
             RecordingProgress progress;
             user.yesNoAnswers = {true};
@@ -61,22 +61,23 @@ TEST(ExportFailure, IsReportedOnceAndTakesProgressBack) {
             const auto caption = std::find(progress.seen.begin(), progress.seen.end(), u"Progress Bar");
             ASSERT_NE(caption, progress.seen.end());
             EXPECT_EQ(*(caption - 1) == u"=0", writer.zeroesValue);
-            EXPECT_TRUE(std::count(progress.seen.begin(), progress.seen.end(), u"Done.")); // it went on
+            EXPECT_TRUE(
+                std::count(progress.seen.begin(), progress.seen.end(), u"Done.")); // the export continued
             EXPECT_THAT(user.summaries, ElementsAre(u"Not all rows were written"));
         }
 }
 
-TEST(ExportProgress, FollowsTheRowsWrittenAndTellsEveryThousandth) {
+TEST(ExportProgress, FollowsTheRowsAndShowsEveryThousandth) {
     struct : FakeUser {
-        std::vector<std::uint64_t> told;
+        std::vector<std::uint64_t> shown;
         void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t rows) override {
-            told.push_back(done);
+            shown.push_back(done);
             FakeUser::showProgress(text, done, rows);
         }
     } user;
     const TemporaryFolder folder;
     PlainTable table({u"Results"}, std::vector<PlainRow>(2000, {{u"x"}}));
-    table.rows.back().isTicked = false;
+    table.rows.back().isChecked = false;
     for (const Writer& writer : writers) {
         RecordingProgress progress;
         std::filesystem::remove(folder.path() / "out.txt");
@@ -91,11 +92,11 @@ TEST(ExportProgress, FollowsTheRowsWrittenAndTellsEveryThousandth) {
         EXPECT_EQ(values.back(), u"=100");
     }
     static_cast<void>(clipboardText(user, table));
-    EXPECT_THAT(user.told, ElementsAre(1000, 2000, 1000, 2000, 1000, 2000));
+    EXPECT_THAT(user.shown, ElementsAre(1000, 2000, 1000, 2000, 1000, 2000));
     EXPECT_THAT(user.progressTexts, ElementsAre(u"Writing rows", u"Copying rows"));
 }
 
-TEST(ExportedRows, MayGoWhileEventsAreHandled) {
+TEST(ExportedRows, MayBeRemovedWhileEventsAreHandled) {
     const TemporaryFolder folder;
     for (const Writer& writer : writers) {
         FakeUser user;
