@@ -1,17 +1,17 @@
-// Files and folders through the POSIX calls. A path is looked at as often as its answer needs, once for a
-// file.
+// Files and folders by the POSIX calls.
 #include "platform/files.h"
 
-#include "platform/folder_order.h"
+#include "platform/failure.h"
 #include "platform/native_path.h"
-#include "platform/system_failure_posix.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <filesystem>
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include <dirent.h>
@@ -28,16 +28,58 @@ namespace brindlewick {
 
 namespace {
 
-/// The path as the system calls take it; a NUL inside would cut it short and name another file.
+/// The failure that an errno means.
+FailureNumber failureOf(int error) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG:
+        return FailureNumber::fileNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+        return FailureNumber::permissionDenied;
+    case ENOSPC:
+#ifdef EDQUOT
+    case EDQUOT:
+#endif
+        return FailureNumber::diskFull;
+    case ENOMEM:
+        return FailureNumber::outOfMemory;
+    default:
+        return FailureNumber::deviceIoError;
+    }
+}
+
+/// Throws the failure for errno after a call on an open file.
+[[noreturn]] void throwLastError() {
+    throw Failure(failureOf(errno));
+}
+
+/// The same after a call on `path`: the errno is the same for a missing file and a missing folder.
+[[noreturn]] void throwLastError(const std::string& path) {
+    const int error = errno;
+    std::error_code ignored;
+    const std::filesystem::path parent = std::filesystem::path(path).parent_path();
+    const bool isFolderMissing = (error == ENOENT || error == ENOTDIR) && !parent.empty() &&
+                                 !std::filesystem::is_directory(parent, ignored);
+    throw Failure(isFolderMissing ? FailureNumber::pathNotFound : failureOf(error));
+}
+
+/// The path as the system calls take it. A NUL would cut it short, to the name of another file.
 std::string checkedPath(std::u16string_view path) {
     if (path.find(u'\0') != std::u16string_view::npos)
         throw Failure(FailureNumber::fileNotFound);
     return pathBytes(path);
 }
 
-/// Follows links; false, with errno set, when the path cannot be looked at.
-bool look(const std::string& path, struct stat& status) {
-    return ::stat(path.c_str(), &status) == 0;
+/// The status of what the path leads to, links followed.
+struct stat statusOf(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0)
+        throwLastError(path);
+    return status;
 }
 
 bool isLink(const std::string& path) {
@@ -45,38 +87,38 @@ bool isLink(const std::string& path) {
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-/// True for a file system of another machine, and for one that a program makes up as it goes.
-bool isFarFileSystem(int file) {
+/// True for a file system on another machine, and for one that a program provides (FUSE).
+bool isRemoteFileSystem(int file) {
     struct statfs system {};
     if (::fstatfs(file, &system) != 0)
         return false;
 #ifdef __linux__
-    // From statfs(2): FUSE, NFS, SMB, CIFS, SMB2, 9P, CEPH, CODA, AFS, AFS of another kind.
-    static constexpr std::uint32_t far[] = {0x65735546, 0x6969,     0x517B,     0xFF534D42, 0xFE534D42,
-                                            0x01021997, 0x00C36400, 0x73757245, 0x5346414F, 0x6B414653};
-    return std::find(std::begin(far), std::end(far), static_cast<std::uint32_t>(system.f_type)) !=
-           std::end(far);
+    // From statfs(2): FUSE, NFS, SMB, CIFS, SMB2, 9P, CEPH, CODA, and both numbers of AFS.
+    static constexpr std::uint32_t remote[] = {0x65735546, 0x6969,     0x517B,     0xFF534D42, 0xFE534D42,
+                                               0x01021997, 0x00C36400, 0x73757245, 0x5346414F, 0x6B414653};
+    return std::find(std::begin(remote), std::end(remote), static_cast<std::uint32_t>(system.f_type)) !=
+           std::end(remote);
 #else
     return (system.f_flags & MNT_LOCAL) == 0;
 #endif
 }
 
-/// Asks once for many files in a row on one device.
-bool isOnFarDevice(int file, dev_t device) {
+/// Asks the system once for many files in a row on one device.
+bool isOnRemoteDevice(int file, dev_t device) {
     static thread_local std::optional<std::pair<dev_t, bool>> last;
     if (!last || last->first != device)
-        last = {device, isFarFileSystem(file)};
+        last = {device, isRemoteFileSystem(file)};
     return last->second;
 }
 
-/// The path without separators at its end: behind one, the system would look at a link's target and the name
-/// is empty.
+/// The path without separators at its end. With one, lstat would follow a link, and the name would be empty.
 std::string bareText(std::string text) {
     while (text.size() > 1 && text.back() == '/')
         text.pop_back();
     return text;
 }
 
+/// The attributes of a name that is not a link to a folder.
 unsigned attributesOfName(std::string_view name, const struct stat& status) {
     unsigned attributes = S_ISDIR(status.st_mode) ? attribute::folder : 0;
     if (S_ISREG(status.st_mode))
@@ -92,11 +134,11 @@ unsigned attributesOf(const std::string& path, const struct stat& status) {
     const std::string text = bareText(path);
     if (S_ISDIR(status.st_mode) && isLink(text))
         return attribute::linkedFolder;
-    return attributesOfName(std::string_view(text).substr(text.find_last_of('/') + 1),
-                            status); // 0 without one
+    const std::size_t name = text.find_last_of('/') + 1; // 0 without a separator
+    return attributesOfName(std::string_view(text).substr(name), status);
 }
 
-/// A folder's attributes as a listing tells them, 0 for what is none. `type` is the listing's own answer.
+/// The `folderAttributes` of a FolderEntry. `type` comes from the listing.
 unsigned listedFolderAttributes(int folder, const char* name, unsigned char type) {
     if (type == DT_DIR)
         return attribute::folder;
@@ -113,13 +155,29 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
+/// How a FilesOfFolder opens its folder.
+#if defined(O_PATH)
+constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC; // needs no right to list the folder
+#else
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+#endif
+
+int openFile(std::u16string_view path, int flags) {
+    constexpr mode_t readAndWrite = 0666; // the process's mask applies
+    const std::string native = checkedPath(path);
+    int file = -1;
+    do
+        file = ::open(native.c_str(), flags | O_CLOEXEC, readAndWrite);
+    while (file < 0 && errno == EINTR);
+    if (file < 0)
+        throwLastError(native);
+    return file;
+}
+
 } // namespace
 
 std::uint64_t fileLength(std::u16string_view path) {
-    const std::string native = checkedPath(path);
-    struct stat status {};
-    if (!look(native, status))
-        throwSystemFailure(errno, native);
+    const struct stat status = statusOf(checkedPath(path));
     if (S_ISDIR(status.st_mode))
         throw Failure(FailureNumber::permissionDenied);
     return static_cast<std::uint64_t>(status.st_size);
@@ -127,50 +185,25 @@ std::uint64_t fileLength(std::u16string_view path) {
 
 unsigned fileAttributes(std::u16string_view path) {
     const std::string native = checkedPath(path);
-    struct stat status {};
-    if (!look(native, status))
-        throwSystemFailure(errno, native);
-    return attributesOf(native, status);
+    return attributesOf(native, statusOf(native));
 }
-
-FileStatus fileStatus(std::u16string_view path) noexcept {
-    try {
-        const std::string native = checkedPath(path);
-        struct stat status {};
-        if (!look(native, status))
-            return {};
-        return {true, attributesOf(native, status)};
-    } catch (...) {
-        return {};
-    }
-}
-
-#if defined(O_PATH)
-constexpr int onlyToLookInside = O_PATH | O_DIRECTORY | O_CLOEXEC; // asks for no right to list the folder
-#else
-constexpr int onlyToLookInside = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-#endif
 
 FilesOfFolder::FilesOfFolder(std::u16string_view folder)
-    : folder_(folder), handle_(::open(checkedPath(folder).c_str(), onlyToLookInside)) {}
+    : folder_(folder), handle_(::open(checkedPath(folder).c_str(), folderFlags)) {}
 
 FilesOfFolder::~FilesOfFolder() {
     if (handle_ >= 0)
         ::close(static_cast<int>(handle_));
 }
 
-FileStatus FilesOfFolder::status(std::u16string_view name) const noexcept {
-    try {
-        const std::string native = checkedPath(name);
+FileStatus FilesOfFolder::status(std::u16string_view name) const {
+    if (handle_ >= 0 && name.find(u'\0') == std::u16string_view::npos) {
+        const std::string native = pathBytes(name);
         struct stat status {};
-        const bool isFound =
-            handle_ >= 0 && ::fstatat(static_cast<int>(handle_), native.c_str(), &status, 0) == 0;
-        if (isFound && !S_ISDIR(status.st_mode))
+        if (::fstatat(static_cast<int>(handle_), native.c_str(), &status, 0) == 0 && !S_ISDIR(status.st_mode))
             return {true, attributesOfName(native, status)};
-    } catch (...) {
-        return {};
     }
-    return fileStatus(folder_ + std::u16string(name)); // the long way, for what is rare
+    return fileStatus(folder_ + std::u16string(name)); // a folder, or not found: rare
 }
 
 std::vector<FolderEntry> listFolder(std::u16string_view folder) {
@@ -179,14 +212,14 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
     if (listing == nullptr) {
         if (errno == ENOENT || errno == ENOTDIR)
             throw Failure(FailureNumber::pathNotFound);
-        throwSystemFailure(errno, native);
+        throwLastError(native);
     }
     std::vector<FolderEntry> entries;
     for (;;) {
-        errno = 0; // readdir tells its end from its failure by nothing else
+        errno = 0; // readdir sets it on failure, and leaves it alone at the end
         const dirent* const found = ::readdir(listing.get());
         if (found == nullptr && errno != 0)
-            throwSystemFailure(errno);
+            throwLastError();
         if (found == nullptr)
             break;
         const std::string_view name = found->d_name;
@@ -206,14 +239,7 @@ std::u16string programFolder() {
 }
 
 InputFile::InputFile(std::u16string_view path) : handle_(-1) {
-    const std::string native = checkedPath(path);
-    // Without waiting: opening a pipe that nobody writes to must not hang.
-    int file = -1;
-    do
-        file = ::open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    while (file < 0 && errno == EINTR);
-    if (file < 0)
-        throwSystemFailure(errno, native);
+    const int file = openFile(path, O_RDONLY | O_NONBLOCK); // a pipe without a writer must not block
     struct stat status {};
     if (::fstat(file, &status) != 0 || S_ISDIR(status.st_mode)) {
         ::close(file);
@@ -221,7 +247,7 @@ InputFile::InputFile(std::u16string_view path) : handle_(-1) {
     }
     handle_ = file;
     length_ = static_cast<std::uint64_t>(status.st_size);
-    isFar_ = isOnFarDevice(file, status.st_dev);
+    isRemote_ = isOnRemoteDevice(file, status.st_dev);
 }
 
 InputFile::~InputFile() {
@@ -235,7 +261,7 @@ std::size_t InputFile::read(std::span<char> bytes) {
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
-            throwSystemFailure(errno);
+            throwLastError();
         if (got == 0)
             break;
         count += static_cast<std::size_t>(got);
@@ -243,17 +269,7 @@ std::size_t InputFile::read(std::span<char> bytes) {
     return count;
 }
 
-OutputFile::OutputFile(std::u16string_view path) : handle_(-1) {
-    constexpr mode_t everybody = 0666; // less what the user's mask takes away
-    const std::string native = checkedPath(path);
-    int file = -1;
-    do
-        file = ::open(native.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, everybody);
-    while (file < 0 && errno == EINTR);
-    if (file < 0)
-        throwSystemFailure(errno, native);
-    handle_ = file;
-}
+OutputFile::OutputFile(std::u16string_view path) : handle_(openFile(path, O_WRONLY | O_CREAT | O_TRUNC)) {}
 
 OutputFile::~OutputFile() {
     if (handle_ >= 0)
@@ -265,14 +281,16 @@ void OutputFile::write(std::string_view bytes) {
         const ssize_t written = ::write(static_cast<int>(handle_), bytes.data(), bytes.size());
         if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
-        else if (written == 0 || errno != EINTR)
-            throwSystemFailure(written == 0 ? EIO : errno);
+        else if (written == 0)
+            throw Failure(FailureNumber::deviceIoError);
+        else if (errno != EINTR)
+            throwLastError();
     }
 }
 
 void OutputFile::close() {
     if (::close(static_cast<int>(std::exchange(handle_, -1))) != 0 && errno != EINTR)
-        throwSystemFailure(errno);
+        throwLastError();
 }
 
 } // namespace brindlewick

@@ -1,9 +1,8 @@
-// Files and folders through the wide Windows calls, by paths of any length.
+// Files and folders by the wide Windows calls, with paths of any length.
 #include "platform/files.h"
 
-#include "platform/folder_order.h"
+#include "platform/failure.h"
 #include "platform/native_path.h"
-#include "platform/system_failure_windows.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -16,14 +15,48 @@ namespace brindlewick {
 
 namespace {
 
-/// Code units. From here on a call takes a path by its "\\?\" form alone: 260 with the closing NUL are the
-/// limit for a file, 12 fewer for a folder.
+/// Code units. A path of this length needs the "\\?\" form: the limit is 260 with the closing NUL for a file,
+/// and 12 fewer for a folder.
 constexpr std::size_t longPath = 248;
-/// What one call reads or writes at the most; a call counts in 32 bits.
-constexpr std::size_t longestTransfer = std::size_t{1} << 30;
+/// Bytes that one call reads or writes. A call counts in 32 bits.
+constexpr std::size_t maxTransfer = std::size_t{1} << 30;
+constexpr DWORD diskQuotaExceeded = 1295; // ERROR_DISK_QUOTA_EXCEEDED, which MinGW does not define
+
+/// The failure that an error code of the Windows API means.
+FailureNumber failureOf(DWORD error) {
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+        return FailureNumber::fileNotFound;
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_DIRECTORY:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+        return FailureNumber::pathNotFound;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_NETWORK_ACCESS_DENIED:
+    case ERROR_PRIVILEGE_NOT_HELD:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+        return FailureNumber::permissionDenied;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case diskQuotaExceeded:
+        return FailureNumber::diskFull;
+    case ERROR_NOT_ENOUGH_MEMORY:
+    case ERROR_OUTOFMEMORY:
+        return FailureNumber::outOfMemory;
+    default:
+        return FailureNumber::deviceIoError;
+    }
+}
 
 [[noreturn]] void throwLastError() {
-    throw Failure(failureOfSystemError(::GetLastError()));
+    throw Failure(failureOf(::GetLastError()));
 }
 
 /// The path with its drive or share, without "/", "." and "..".
@@ -34,14 +67,14 @@ std::wstring fullPath(const std::wstring& path) {
             ::GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
         if (length == 0)
             throwLastError();
-        const bool fits = length < full.size(); // else it is the size that is needed
+        const bool fits = length < full.size(); // if not, it is the size needed
         full.resize(length);
         if (fits)
             return full;
     }
 }
 
-/// The path as the system calls take it; a NUL inside would cut it short and name another file.
+/// The path as the system calls take it. A NUL would cut it short, to the name of another file.
 std::wstring checkedPath(std::u16string_view path) {
     if (path.empty() || path.find(u'\0') != std::u16string_view::npos)
         throw Failure(FailureNumber::fileNotFound);
@@ -64,9 +97,12 @@ unsigned attributesOf(DWORD bits) {
     return static_cast<unsigned>(bits) & (readOnly | hidden | system | folder | file | reparse);
 }
 
-/// False, with the last error set, when the path cannot be looked at.
-bool look(const std::wstring& path, WIN32_FILE_ATTRIBUTE_DATA& status) {
-    return ::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &status) != 0;
+/// The status of the path; a link's own.
+WIN32_FILE_ATTRIBUTE_DATA statusOf(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA status{};
+    if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &status) == 0)
+        throwLastError();
+    return status;
 }
 
 struct CloseHandleOf {
@@ -82,7 +118,7 @@ HANDLE handleOf(std::intptr_t handle) {
     return reinterpret_cast<HANDLE>(handle);
 }
 
-/// Opens for reading by anybody beside us, writers included. A folder fails with permissionDenied.
+/// Opens a file and lets other programs read, write and delete it. A folder fails with permissionDenied.
 std::unique_ptr<HANDLE, CloseHandleOf> openToRead(const std::wstring& path) {
     const HANDLE file =
         ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
@@ -103,43 +139,25 @@ std::uint64_t lengthOf(HANDLE file) {
 
 std::uint64_t fileLength(std::u16string_view path) {
     const std::wstring native = checkedPath(path);
-    WIN32_FILE_ATTRIBUTE_DATA status{};
-    if (!look(native, status))
-        throwLastError();
+    const WIN32_FILE_ATTRIBUTE_DATA status = statusOf(native);
     const unsigned attributes = attributesOf(status.dwFileAttributes);
     if ((attributes & attribute::folder) != 0)
         throw Failure(FailureNumber::permissionDenied);
-    if ((attributes & attribute::reparse) != 0) // the status is the link's own
+    if ((attributes & attribute::reparse) != 0) // a link's status lacks the length
         return lengthOf(openToRead(native).get());
     return std::uint64_t{status.nFileSizeHigh} << 32 | status.nFileSizeLow;
 }
 
 unsigned fileAttributes(std::u16string_view path) {
-    const std::wstring native = checkedPath(path);
-    WIN32_FILE_ATTRIBUTE_DATA status{};
-    if (!look(native, status))
-        throwLastError();
-    return attributesOf(status.dwFileAttributes);
-}
-
-FileStatus fileStatus(std::u16string_view path) noexcept {
-    try {
-        return {true, fileAttributes(path)};
-    } catch (...) {
-        return {};
-    }
+    return attributesOf(statusOf(checkedPath(path)).dwFileAttributes);
 }
 
 FilesOfFolder::FilesOfFolder(std::u16string_view folder) : folder_(folder), handle_(-1) {}
 
 FilesOfFolder::~FilesOfFolder() = default;
 
-FileStatus FilesOfFolder::status(std::u16string_view name) const noexcept {
-    try {
-        return fileStatus(folder_ + std::u16string(name));
-    } catch (...) {
-        return {};
-    }
+FileStatus FilesOfFolder::status(std::u16string_view name) const {
+    return fileStatus(folder_ + std::u16string(name));
 }
 
 std::vector<FolderEntry> listFolder(std::u16string_view folder) {
@@ -154,9 +172,9 @@ std::vector<FolderEntry> listFolder(std::u16string_view folder) {
                                             nullptr, FIND_FIRST_EX_LARGE_FETCH);
     if (first == INVALID_HANDLE_VALUE) {
         const DWORD error = ::GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND && IsFolder(folder)) // a drive's root without anything in it
+        if (error == ERROR_FILE_NOT_FOUND && IsFolder(folder)) // an empty root of a drive
             return entries;
-        const FailureNumber failure = failureOfSystemError(error);
+        const FailureNumber failure = failureOf(error);
         throw Failure(failure == FailureNumber::fileNotFound ? FailureNumber::pathNotFound : failure);
     }
     const std::unique_ptr<HANDLE, CloseSearch> search(first);
@@ -182,7 +200,7 @@ std::u16string programFolder() {
             name.resize(length);
             break;
         }
-        name.resize(name.size() * 2); // it was cut
+        name.resize(name.size() * 2); // the name was cut
     }
     const std::size_t separator = name.find_last_of(L'\\');
     return pathText(name.substr(0, separator == std::wstring::npos ? 0 : separator));
@@ -190,13 +208,13 @@ std::u16string programFolder() {
 
 InputFile::InputFile(std::u16string_view path) : handle_(0) {
     std::unique_ptr<HANDLE, CloseHandleOf> file = openToRead(checkedPath(path));
-    // The console and a pipe would be waited for.
+    // Reading from the console or a pipe could block.
     if (::GetFileType(file.get()) != FILE_TYPE_DISK)
         throw Failure(FailureNumber::deviceIoError);
     length_ = lengthOf(file.get());
-    // Only a file of another machine has a protocol.
+    // Only a file on another machine has a protocol.
     FILE_REMOTE_PROTOCOL_INFO protocol{};
-    isFar_ =
+    isRemote_ =
         ::GetFileInformationByHandleEx(file.get(), FileRemoteProtocolInfo, &protocol, sizeof protocol) != 0;
     handle_ = reinterpret_cast<std::intptr_t>(file.release());
 }
@@ -208,7 +226,7 @@ InputFile::~InputFile() {
 std::size_t InputFile::read(std::span<char> bytes) {
     std::size_t count = 0;
     while (count < bytes.size()) {
-        const auto wanted = static_cast<DWORD>(std::min(bytes.size() - count, longestTransfer));
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size() - count, maxTransfer));
         DWORD got = 0;
         if (::ReadFile(handleOf(handle_), bytes.data() + count, wanted, &got, nullptr) == 0 &&
             ::GetLastError() != ERROR_HANDLE_EOF)
@@ -238,7 +256,7 @@ void OutputFile::write(std::string_view bytes) {
     while (!bytes.empty()) {
         DWORD written = 0;
         if (::WriteFile(handleOf(handle_), bytes.data(),
-                        static_cast<DWORD>(std::min(bytes.size(), longestTransfer)), &written, nullptr) == 0)
+                        static_cast<DWORD>(std::min(bytes.size(), maxTransfer)), &written, nullptr) == 0)
             throwLastError();
         if (written == 0)
             throw Failure(FailureNumber::deviceIoError);

@@ -1,8 +1,5 @@
-// Folding by one table of all code units, expanded from ranges at first use; names compared and matched by
-// it.
 #include "platform/letter_case.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -52,15 +49,6 @@ std::u16string foldedCase(std::u16string_view text) {
     for (char16_t& unit : folded)
         unit = table[unit];
     return folded;
-}
-
-bool lessByName(std::u16string_view left, std::u16string_view right) noexcept {
-    const char16_t* const table = foldCaseTable();
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t at = 0; at < common; ++at)
-        if (table[left[at]] != table[right[at]])
-            return table[left[at]] < table[right[at]];
-    return left.size() != right.size() ? left.size() < right.size() : left < right;
 }
 
 bool matchesPattern(std::u16string_view name, std::u16string_view pattern) noexcept {

@@ -15,9 +15,6 @@ std::u16string foldedCase(std::u16string_view text);
 /// foldCase for all 65,536 code units, for scanning loops.
 const char16_t* foldCaseTable() noexcept;
 
-/// Orders names without regard to case, and by code unit where that leaves them equal.
-bool lessByName(std::u16string_view left, std::u16string_view right) noexcept;
-
 /// True when the name matches a pattern of "*" (any run), "?" (any one unit) and literal characters, without
 /// regard to case. "*.*" matches every name, one without a dot included. Linear in the name's length times
 /// the pattern's.

@@ -157,10 +157,6 @@ char singleByteOf(char16_t unit) noexcept {
     return byteTable()[unit];
 }
 
-bool hasSingleByte(char16_t unit) noexcept {
-    return unit == u'?' || byteTable()[unit] != noByte;
-}
-
 std::size_t decodeUtf8(std::string_view bytes, char16_t* target) {
     const char16_t* const start = target;
     while (!bytes.empty()) {

@@ -22,8 +22,6 @@ void appendFromSingleByte(std::string_view bytes, std::u16string& text);
 void appendAsSingleByte(std::u16string_view text, std::string& bytes);
 /// The byte for a code unit, '?' when the set does not hold it.
 char singleByteOf(char16_t unit) noexcept;
-/// True when the set holds the code unit.
-bool hasSingleByte(char16_t unit) noexcept;
 
 /// Decodes into `target`, which has room for a code unit a byte, and gives the number of units written. Every
 /// maximal ill-formed subpart becomes one U+FFFD, as the WHATWG Encoding Standard's UTF-8 decoder does. A

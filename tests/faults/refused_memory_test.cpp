@@ -8,6 +8,8 @@
 #include "output/clipboard_text.h"
 #include "output/comma_delimited_text.h"
 #include "platform/error_report.h"
+#include "platform/files.h"
+#include "platform/native_path.h"
 #include "support/fake_settings.h"
 #include "support/temporary_folder.h"
 
@@ -173,6 +175,24 @@ TEST_F(RefusedMemory, EndsAScanAndAListFile) {
             EXPECT_EQ(files.size(), 5U);
             files.clear();
         });
+}
+
+TEST_F(RefusedMemory, IsReportedByTheStatusOfAFile) {
+    const std::u16string found = u"a long name, which needs memory.json";
+    const std::u16string missing = u"a long name of no file.json";
+    folder.write("a long name, which needs memory.json", "{}");
+    const FilesOfFolder files(withSeparator(folder.text()));
+    const Guard guard(user, u"Tests.RefusedMemory");
+    for (const std::u16string& name : {missing, found}) {
+        FileStatus status;
+        refuseEveryAllocation(
+            user,
+            [&] {
+                status = {};
+                guard([&] { status = files.status(name); });
+            },
+            [&] { EXPECT_EQ(status.exists, name == found && user.errors == 0); });
+    }
 }
 
 TEST_F(RefusedMemory, EndsTheOutputs) {

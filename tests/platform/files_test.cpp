@@ -28,9 +28,7 @@ protected:
             fs::permissions(folder.path() / name, fs::perms::owner_read);
         folder.makeFolder("folder/empty");
     }
-    std::u16string text(std::u16string_view name) const {
-        return folder.text() + pathSeparator + std::u16string(name);
-    }
+    std::u16string text(std::u16string_view name) const { return joinedPath(folder.text(), name); }
     testing::TemporaryFolder folder;
 };
 
@@ -63,7 +61,20 @@ TEST_F(Files, AreListedWithTheirFolders) {
     EXPECT_EQ(shown(listFolder(folder.text("folder/empty"))), Shown{});
     for (const std::u16string& noFolder :
          {text(u"missing"), text(u"file"), text(u"missing/below"), std::u16string()})
-        EXPECT_EQ(failureOf([&] { listFolder(noFolder); }), FailureNumber::pathNotFound);
+        EXPECT_EQ(failureOf([&] { static_cast<void>(listFolder(noFolder)); }), FailureNumber::pathNotFound);
+}
+
+TEST(SortByName, OrdersWithoutCaseAndThenByCodeUnit) {
+    const std::vector<std::u16string> ordered = {u"",   u".x", u"A",   u"a", u"A1", u"a_", u"AB", u"Ab",
+                                                 u"aB", u"ab", u"abc", u"b", u"Z",  u"Ä",  u"ä"};
+    std::vector<FolderEntry> entries;
+    for (auto name = ordered.rbegin(); name != ordered.rend(); ++name)
+        entries.push_back({*name, *name == u"b", 0});
+    sortByName(entries);
+    for (std::size_t at = 0; at < ordered.size(); ++at) {
+        EXPECT_EQ(entries[at].name, ordered[at]);
+        EXPECT_EQ(entries[at].isFolder, ordered[at] == u"b");
+    }
 }
 
 TEST(ListFolder, OrdersNamesWithoutCaseAndLetsEachBeOpened) {
@@ -84,8 +95,7 @@ TEST(ListFolder, OrdersNamesWithoutCaseAndLetsEachBeOpened) {
     const std::vector<FolderEntry> entries = listFolder(folder.text());
     EXPECT_EQ(shown(entries), names);
     for (const FolderEntry& entry : entries)
-        EXPECT_EQ(testing::bytesOf(folder.text() + pathSeparator + entry.name),
-                  testing::nameBytes(entry.name));
+        EXPECT_EQ(testing::bytesOf(joinedPath(folder.text(), entry.name)), testing::nameBytes(entry.name));
 }
 
 TEST_F(Files, AreReadInPortionsAndReplacedByteForByte) {

@@ -1,7 +1,8 @@
-// What the program tells of a path, asked in every way.
+// Checks everything that files.h returns about a path.
 #pragma once
 
 #include "platform/files.h"
+#include "platform/native_path.h"
 #include "support/failure_of.h"
 #include "support/own_separator.h"
 
@@ -13,15 +14,19 @@ namespace brindlewick::testing {
 
 struct Status {
     std::u16string name;
-    std::optional<unsigned> attributes; ///< nothing for what does not exist
+    std::optional<unsigned> attributes; ///< none if the path does not exist
     std::optional<FailureNumber> failure = std::nullopt;
 };
 
-/// Checks that the path in `folder` has the status, however it is asked.
+/// Checks that every operation on the path agrees with `expected`.
 inline void expectStatus(const std::u16string& path, const Status& expected) {
     const unsigned attributes = expected.attributes.value_or(0);
     const bool exists = expected.attributes.has_value();
     const bool isFolder = (attributes & 16) != 0;
+    const std::size_t name = path.size() - fileNamePart(path).size();
+    const FileStatus inFolder = FilesOfFolder(path.substr(0, name)).status(path.substr(name));
+    EXPECT_EQ(inFolder.exists, exists);
+    EXPECT_EQ(inFolder.attributes, attributes);
     EXPECT_EQ(fileStatus(path).exists, exists);
     EXPECT_EQ(fileStatus(path).attributes, attributes);
     EXPECT_EQ(FileExists(path), exists);
@@ -32,14 +37,14 @@ inline void expectStatus(const std::u16string& path, const Status& expected) {
               isFolder ? FailureNumber::permissionDenied : expected.failure);
 }
 
-/// The first bytes of a file, enough for a name.
+/// The first ten bytes of a file.
 inline std::string bytesOf(const std::u16string& path) {
     std::string bytes(10, '\0');
     bytes.resize(InputFile(path).read(bytes));
     return bytes;
 }
 
-/// Each name as bytes, "/" behind a folder and "@" behind one that is a link.
+/// Each name as bytes, with "/" after a folder and "/@" after a link to one.
 inline std::vector<std::string> shown(const std::vector<FolderEntry>& entries) {
     std::vector<std::string> names;
     for (const FolderEntry& entry : entries) {

@@ -1,4 +1,3 @@
-// Paths as bytes and as text, the same on every platform, and the file name in a path.
 #include "platform/native_path.h"
 
 #include <gtest/gtest.h>

@@ -1,14 +1,15 @@
-// What can be told from a path without asking the operating system.
 #include "platform/native_path.h"
 
 #include "platform/text.h"
 #include "platform/text_encoding.h"
 
+#include <type_traits>
+
 namespace brindlewick {
 
 namespace {
 
-constexpr char16_t firstEscape = 0xDC80; // stands for the byte 80
+constexpr char16_t firstEscape = 0xDC80; // for the byte 80
 constexpr char16_t lastEscape = 0xDCFF;
 
 /// The length of the valid UTF-8 character at the front, 0 when there is none.
@@ -25,7 +26,27 @@ std::size_t validLength(std::string_view bytes) {
     return 0;
 }
 
+// Paths are bytes on POSIX and UTF-16 on Windows.
+[[maybe_unused]] std::u16string textOfNative(const std::string& bytes) {
+    return textFromPathBytes(bytes);
+}
+[[maybe_unused]] std::u16string textOfNative(const std::wstring& wide) {
+    return {wide.begin(), wide.end()};
+}
+
 } // namespace
+
+std::filesystem::path nativePath(std::u16string_view path) {
+    using Native = std::filesystem::path::string_type;
+    if constexpr (std::is_same_v<Native, std::string>)
+        return pathBytes(path);
+    else
+        return Native(path.begin(), path.end());
+}
+
+std::u16string pathText(const std::filesystem::path& path) {
+    return textOfNative(path.native());
+}
 
 std::u16string textFromPathBytes(std::string_view bytes) {
     std::u16string text;
