@@ -1,11 +1,14 @@
-// The lenient JSON reader: cuts a text, call by call, into small fragments.
+// Cuts a text, call by call, into values: the grammar of fragment_reader.h with a sink that keeps what is
+// wrong.
 #pragma once
 
+#include "core/fragment_reader.h"
 #include "core/json_value.h"
-#include "platform/failure.h"
+#include "core/string_builder.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,76 +16,98 @@
 
 namespace brindlewick {
 
-class cStringBuilder;
+/// What was wrong at one place of a text.
+struct Problem {
+    enum class Kind : std::uint8_t { inText, inMember, inElement };
+    Kind kind;
+    ReadingProblem problem{};     ///< of inText
+    FailureNumber failure{};      ///< of inMember and inElement
+    const char16_t* at = nullptr; ///< of inText and inElement
+    std::size_t key = 0;          ///< of inMember and an invalid key: which of the keys kept
+};
 
-/// Reads single-quoted strings, unquoted keys, comments and parentheses (as blanks), and never fails on bad
-/// text: problems become lines of parserErrors() and reading goes on from where it stopped.
-///
-/// A call of `parse` does not read a whole document. An object is read only up to the first "," or "[" at its
-/// own level, and the next call goes on from there; so `{"a":1,"b":[2]}` comes as `{"a":1}`, `{}` and `[2]`.
-/// Every call is linear in the text it passes over, memory included, for every text.
-class JsonParser {
+/// A sink of FragmentReader: builds the fragment's value, and notes problems in a few bytes each.
+class ValueBuilder {
 public:
-    /// Reads the next fragment at `position` (1-based, in and out; 1 for a new text) and leaves the position
-    /// where the fragment stopped. Gives a JsonObject or a JsonArray, or nothing when no text is left: the
-    /// last unit of a text is never the start of a fragment. The text must outlive the calls of
-    /// parserErrors().
-    std::optional<JsonValue> parse(std::u16string_view text, std::int32_t& position);
+    struct Object {
+        std::shared_ptr<JsonObject> members = std::make_shared<JsonObject>();
+        std::u16string key;
+    };
+    using Array = std::shared_ptr<JsonArray>;
 
-    /// What was wrong in the fragment read last, each problem a line ended by CR LF, or u"Invalid JSON". Put
-    /// together on demand from a few bytes a problem, since a line may quote the whole rest of the text.
-    /// Fails with outOfMemory when it would be longer than `longestText`.
-    std::u16string parserErrors() const;
+    /// The value read last.
+    JsonValue takeValue() { return std::move(value_); }
+    const std::vector<Problem>& problems() const noexcept { return problems_; }
+    std::u16string_view keyOf(const Problem& problem) const { return problemKeys_[problem.key]; }
+
+    void startFragment();
+    PlainMember takePlainMember(const char16_t*&, const char16_t*) noexcept { return PlainMember::none; }
+    Object openObject(PlainMember) { return {}; }
+    void startMember(Object&) { key_.clear(); }
+    const char16_t* takeKeyRun(const char16_t* from, const char16_t* end);
+    void putKey(std::u16string_view units) { key_ += units; }
+    void restartKey() { key_.clear(); }
+    void endKey(Object& object) { object.key = std::move(key_); }
+    bool endMember(Object& object) { return object.members->add(object.key, std::move(value_)); }
+    void dropMember(const Object& object, FailureNumber failure);
+    void closeObject(Object& object) { value_ = std::move(object.members); }
+
+    Array openArray() { return std::make_shared<JsonArray>(); }
+    void startElement(const Array&) noexcept {}
+    void endElement(Array& array) { array->append(std::move(value_)); }
+    void dropElement(const Array&, FailureNumber failure, const char16_t* at);
+    void closeArray(Array& array) { value_ = std::move(array); }
+
+    void startString() { string_ = {}; }
+    template <char16_t quote>
+    const char16_t* takeStringRun(const char16_t* from, const char16_t* end) {
+        const char16_t* const stop = runEnd<StringStops<quote>>(from, end);
+        string_.Append({from, static_cast<std::size_t>(stop - from)});
+        return stop;
+    }
+    void putUnit(char16_t unit) { string_.Append({&unit, 1}); }
+    void endString() { value_ = string_.toString(); }
+
+    bool takePlainNumber(const char16_t*&, const char16_t*) noexcept { return false; }
+    void putNumber(const DecimalNumber& number) { value_ = number; }
+    void putBoolean(bool value) { value_ = value; }
+    void putNull() { value_ = JsonNull(); }
+    void putEmpty() { value_ = std::monostate(); }
+
+    void note(ReadingProblem problem, const char16_t* at);
 
 private:
-    /// What a line of parserErrors() is made of.
-    struct Problem {
-        enum class Kind : std::uint8_t {
-            invalidJson,
-            missingBrace,
-            missingBracket,
-            invalidArray,
-            invalidBoolean,
-            invalidNull,
-            invalidKey,
-            memberFailed,
-            elementFailed,
-        };
-        Kind kind;
-        FailureNumber failure = FailureNumber::invalidProcedureCall; ///< of memberFailed and elementFailed
-        std::int32_t position = 0;                                   ///< 1-based
-        std::uint32_t key = 0; ///< of invalidKey and memberFailed: index into problemKeys_
-    };
-
-    // Each reader starts and ends at at_. Those that can fail give false and say why in failure_: failures
-    // are everyday here, so they are not thrown.
-    void skipIgnorable();
-    std::shared_ptr<JsonObject> parseObject();
-    std::shared_ptr<JsonArray> parseArray();
-    bool parseValue(JsonValue& value);
-    std::u16string parseString();
-    bool parseNumber(JsonValue& value);
-    bool parseBoolean();
-    JsonValue parseNull();
-    std::u16string parseKey();
-
-    void appendEscape(cStringBuilder& builder);
-    bool fail(FailureNumber failure);
-    void note(Problem::Kind kind);
-    void noteKey(Problem::Kind kind, std::u16string_view key);
-    void appendLine(const Problem& problem, std::u16string& lines) const;
-
-    bool atEnd() const noexcept { return at_ >= text_.size(); }
-    /// The unit at at_; 0xFFFF, which no test looks for, beyond the end.
-    char16_t unit() const noexcept { return at_ < text_.size() ? text_[at_] : u'\xFFFF'; }
-    std::int32_t position() const noexcept { return static_cast<std::int32_t>(at_ + 1); }
-
-    std::u16string_view text_;
-    std::size_t at_ = 0; ///< index from 0
-    int nesting_ = 0;
-    FailureNumber failure_ = FailureNumber::typeMismatch; ///< of the reader that gave false last
+    JsonValue value_;
+    std::u16string key_; ///< of the member being read
+    cStringBuilder string_;
     std::vector<Problem> problems_;
     std::vector<std::u16string> problemKeys_;
+};
+
+class JsonParser {
+public:
+    JsonParser() = default;
+    JsonParser(const JsonParser&) = delete;
+    JsonParser& operator=(const JsonParser&) = delete;
+
+    /// Reads the next fragment at `position` (1-based, in and out; 1 for a new text) and leaves the position
+    /// where the fragment stopped. Returns a JsonObject or a JsonArray, or nothing when no text is left: the
+    /// last unit of a text is never the start of a fragment. The text must outlive the calls of
+    /// parserErrors(). Time and memory are linear in the text passed over.
+    std::optional<JsonValue> parse(std::u16string_view text, std::int32_t& position);
+
+    /// What was wrong in the fragment read last, each problem a line ended by CR LF, or u"Invalid JSON"
+    /// without one. Built on demand, since a line may quote the whole rest of the text. Fails with
+    /// outOfMemory when it would be longer than `longestText`.
+    [[nodiscard]] std::u16string parserErrors() const;
+
+private:
+    std::u16string errorLine(const Problem& problem) const;
+
+    std::u16string_view text_;
+    bool isFragment_ = true;
+    ValueBuilder builder_;
+    FragmentReader<ValueBuilder> reader_{builder_};
 };
 
 } // namespace brindlewick

@@ -15,14 +15,14 @@ constexpr std::size_t shortestWindow = std::size_t{1} << 14; // code units
 bool LineBatchReader::nextPiece() {
     lines_.startBatch();
     window_.cutTo(0);
-    position_ = 1;
+    at_ = 0;
     return file_.nextPiece();
 }
 
 BatchEnd LineBatchReader::nextBatch() {
     lines_.startBatch();
     for (;;) {
-        switch (lines_.readBatch(window_.view(), position_, file_.isPieceComplete(), batchLength)) {
+        switch (lines_.readBatch(window_.view(), at_, file_.isPieceComplete(), batchLength)) {
         case FragmentReading::line:
             return BatchEnd::full;
         case FragmentReading::needsText:
@@ -37,8 +37,8 @@ BatchEnd LineBatchReader::nextBatch() {
 }
 
 void LineBatchReader::readMoreText() {
-    window_.dropFront(std::min(window_.length(), static_cast<std::size_t>(position_ - 1)));
-    position_ = 1;
+    window_.dropFront(std::min(window_.length(), at_));
+    at_ = 0;
     const std::size_t wanted = std::max(shortestWindow, window_.length() * 4);
     while (window_.length() < wanted && file_.readMore(window_)) {
     }

@@ -1,7 +1,7 @@
 // Reads a file's pieces as lines, many at a time, and holds no more text than it has to.
 #pragma once
 
-#include "core/fragment_line_reader.h"
+#include "core/line_reader.h"
 #include "core/text_file_reader.h"
 
 #include <cstddef>
@@ -50,8 +50,8 @@ private:
 
     TextFileReader file_;
     UnitBuffer window_;
-    std::int32_t position_ = 1; ///< in the window
-    FragmentLineReader lines_;
+    std::size_t at_ = 0; ///< in the window, code units
+    LineReader lines_;
 };
 
 } // namespace brindlewick

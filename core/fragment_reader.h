@@ -1,0 +1,204 @@
+// The grammar: reads one fragment of lenient JSON text and hands what it finds to a sink.
+//
+// Reads single-quoted strings, unquoted keys, comments and parentheses (as blanks), and never fails on bad
+// text. A call does not read a whole document: an object is read only up to the first "," or "[" at its own
+// level, and the next call goes on from there. So `{"a":1,"b":[2]}` comes as `{"a":1}`, `{}` and `[2]`.
+// Arrays are read whole.
+#pragma once
+
+#include "core/json_value.h"
+#include "core/leaf_reader.h"
+#include "core/plain_json.h"
+#include "platform/failure.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace brindlewick {
+
+/// A sink is told of a fragment's parts in the order of the text. Its operations, for a sink `s`:
+///
+///     s.startFragment()               first; a failure may have left anything open
+///     s.takePlainMember(at, end)      may take an object's beginning by itself (see readPlainMember)
+///     s.openObject(taken) -> object   the handle of an object, kept until closeObject
+///     s.startMember(object)           then the key's units:
+///         s.takeKeyRun(from, end)     takes a run without KeyStops; returns its end
+///         s.putKey(units)  s.restartKey()
+///     s.endKey(object)                then one value
+///     s.endMember(object) -> bool     false for a key that the object has already
+///     s.dropMember(object, failure)   instead of endMember, and after a false one
+///     s.closeObject(object)
+///     s.openArray() -> array          the handle of an array, kept until closeArray
+///     s.startElement(array)           then one value
+///     s.endElement(array)  or  s.dropElement(array, failure, at)
+///     s.closeArray(array)
+///
+/// Values: objects, arrays, and
+///
+///     s.startString()  s.takeStringRun<quote>(from, end)  s.putUnit(unit)  s.endString()
+///     s.takePlainNumber(at, end)      may take a number by itself (see plainNumberLength)
+///     s.putNumber(number)  s.putBoolean(value)  s.putNull()  s.putEmpty()
+///
+/// s.note(problem, at) is told of problems. `at` is where the reader is, `failure` a FailureNumber.
+template <class Sink>
+class FragmentReader : private LeafReader<Sink> {
+public:
+    explicit FragmentReader(Sink& sink) noexcept : LeafReader<Sink>(sink) {}
+
+    /// Has `pause` called now and then while a very long fragment is read.
+    void setPause(std::function<void()> pause) { pause_ = std::move(pause); }
+
+    /// Reads the fragment at `at` (code units from 0, in and out) and leaves `at` where it ended, which is on
+    /// the
+    /// "," or "[" that ended an object. False when no text is left: the last unit of a text is never the
+    /// start of a fragment. Linear in the text passed over; nothing recurses deeper than deepestNesting.
+    /// Fails as the sink does.
+    bool read(std::u16string_view text, std::size_t& at) {
+        if (at > text.size())
+            return false;
+        const char16_t* const start = text.data();
+        at_ = start + at;
+        end_ = start + text.size();
+        nesting_ = 1;
+        sink_.startFragment();
+        skipIgnorable();
+        const bool isFragment = end_ - at_ > 1;
+        if (isFragment && *at_ == u'[')
+            readArray();
+        else if (isFragment)
+            readObject();
+        at = static_cast<std::size_t>(at_ - start);
+        return isFragment;
+    }
+
+private:
+    using Leaves = LeafReader<Sink>;
+    using Leaves::at_, Leaves::end_, Leaves::sink_;
+    using Leaves::atEnd, Leaves::unit, Leaves::skipIgnorable;
+
+    static constexpr std::size_t valuesBetweenPauses = std::size_t{1} << 15;
+
+    void readObject() {
+        if (const PlainMember taken = sink_.takePlainMember(at_, end_); taken != PlainMember::wholeObject)
+            readMembers(taken);
+    }
+
+    /// Up to "}", which is consumed, or up to "," or "[", which are left for the next fragment.
+    [[gnu::noinline]] void readMembers(PlainMember taken) {
+        auto object = sink_.openObject(taken);
+        bool isKeyRead = taken == PlainMember::key;
+        if (!isKeyRead)
+            ++at_; // whatever is there: "{", or the "," at which the fragment before stopped
+        for (;; isKeyRead = false) {
+            if (!isKeyRead) {
+                skipIgnorable();
+                const char16_t c = unit();
+                at_ += c == u'}' ? 1 : 0;
+                if (c == u'}' || c == u',' || c == u'[')
+                    break;
+                if (atEnd()) {
+                    sink_.note(ReadingProblem::missingBrace, at_);
+                    break;
+                }
+                sink_.startMember(object);
+                this->readKey();
+                sink_.endKey(object);
+            }
+            std::optional<FailureNumber> failure = readValue();
+            if (!failure && !sink_.endMember(object))
+                failure = FailureNumber::duplicateKey;
+            if (failure) {
+                sink_.dropMember(object, *failure);
+                break;
+            }
+            countValue();
+        }
+        sink_.closeObject(object);
+    }
+
+    /// Up to "]", which is consumed. Unlike an object's, an array's commas are consumed. An object inside is
+    /// read only up to its own first comma, and the rest of its text is then read as further elements.
+    [[gnu::noinline]] void readArray() {
+        ++at_;
+        auto array = sink_.openArray();
+        const char16_t* lastStart = nullptr;
+        for (;;) {
+            skipIgnorable();
+            const char16_t c = unit();
+            if (c == u']') {
+                ++at_;
+                break;
+            }
+            if (c == u',') {
+                ++at_;
+                skipIgnorable();
+            } else if (atEnd()) {
+                sink_.note(ReadingProblem::missingBracket, at_);
+                break;
+            }
+            // A bad boolean or null is an element but does not move on: read there once more, the array would
+            // never end.
+            const bool isStuck = at_ == lastStart && !atEnd();
+            lastStart = at_;
+            sink_.startElement(array);
+            const std::optional<FailureNumber> failure = isStuck ? FailureNumber::outOfMemory : readValue();
+            if (failure) {
+                sink_.dropElement(array, *failure, at_);
+                break;
+            }
+            sink_.endElement(array);
+            countValue();
+        }
+        sink_.closeArray(array);
+    }
+
+    /// Failures are common here, so they are returned, not thrown.
+    std::optional<FailureNumber> readValue() {
+        skipIgnorable();
+        switch (unit()) {
+        case u'{':
+        case u'[':
+            if (nesting_ == deepestNesting)
+                return FailureNumber::outOfStackSpace;
+            ++nesting_;
+            if (*at_ == u'{')
+                readObject();
+            else
+                readArray();
+            --nesting_;
+            return std::nullopt;
+        case u'"':
+            this->template readString<u'"'>();
+            return std::nullopt;
+        case u'\'':
+            this->template readString<u'\''>();
+            return std::nullopt;
+        case u't':
+        case u'f':
+            this->readBoolean();
+            return std::nullopt;
+        case u'n':
+            this->readNull();
+            return std::nullopt;
+        default:
+            return this->readNumber();
+        }
+    }
+
+    void countValue() {
+        if (--valuesUntilPause_ > 0)
+            return;
+        valuesUntilPause_ = valuesBetweenPauses;
+        if (pause_)
+            pause_();
+    }
+
+    int nesting_ = 1;
+    std::size_t valuesUntilPause_ = valuesBetweenPauses;
+    std::function<void()> pause_;
+};
+
+} // namespace brindlewick

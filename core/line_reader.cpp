@@ -1,0 +1,64 @@
+#include "core/line_reader.h"
+
+#include <algorithm>
+
+namespace brindlewick {
+
+namespace {
+
+// Nothing that is read looks further ahead than the letters of "false" or the digits of an escape.
+constexpr std::size_t maxLookAhead = 8;
+// Lines that share the buffer with one of the maximum length.
+constexpr std::size_t maxBatchBefore = std::size_t{1} << 20;
+
+} // namespace
+
+LineReader::LineReader(std::size_t maxLineLength)
+    : writer_(maxLineLength + std::min(16 * maxLineLength, maxBatchBefore)), maxLineLength_(maxLineLength) {}
+
+void LineReader::setPause(const std::function<void()>& pause) {
+    lines_.setPause(pause);
+    skips_.setPause(pause);
+}
+
+void LineReader::startBatch() noexcept {
+    writer_.buffer().cutTo(0);
+    lineStart_ = 0;
+    ends_.clear();
+}
+
+FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at, bool isWhole,
+                                      std::size_t batchLength) {
+    UnitBuffer& lines = writer_.buffer();
+    if (lines.length() > maxBatchBefore)
+        startBatch();
+    std::size_t start = at;
+    FragmentReading reading = FragmentReading::line;
+    try {
+        do {
+            start = at;
+            lineStart_ = lines.length();
+            if (!lines_.read(text, at))
+                reading = FragmentReading::end;
+            else if (lines.length() - lineStart_ > maxLineLength_)
+                reading = FragmentReading::tooLong;
+            if (!isWhole && at + maxLookAhead > text.size())
+                reading = FragmentReading::needsText;
+            if (reading == FragmentReading::line)
+                ends_.push_back(static_cast<std::uint32_t>(lines.length()));
+        } while (reading == FragmentReading::line && lines.length() < batchLength);
+    } catch (const Failure&) {
+        // The line does not fit: read again without writing, to find the fragment's end.
+        at = start;
+        skips_.read(text, at);
+        reading = !isWhole && at + maxLookAhead > text.size() ? FragmentReading::needsText
+                                                              : FragmentReading::tooLong;
+    }
+    if (reading != FragmentReading::line)
+        lines.cutTo(lineStart_);
+    if (reading == FragmentReading::needsText)
+        at = start;
+    return reading;
+}
+
+} // namespace brindlewick

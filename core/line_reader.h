@@ -1,0 +1,63 @@
+// Reads a text's fragments as lines, many at a time.
+#pragma once
+
+#include "core/fragment_reader.h"
+#include "core/line_batch.h"
+#include "core/line_writer.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace brindlewick {
+
+/// What became of a fragment.
+enum class FragmentReading {
+    line,      ///< its line is the batch's last
+    end,       ///< there is none: no text is left
+    needsText, ///< its end is not in the text at hand
+    tooLong,   ///< its line would be longer than lines may be; it is passed over
+};
+
+class LineReader {
+public:
+    /// Lines longer than `maxLineLength` code units are not given.
+    explicit LineReader(std::size_t maxLineLength = longestText);
+    LineReader(const LineReader&) = delete;
+    LineReader& operator=(const LineReader&) = delete;
+
+    /// Has `pause` called now and then while a very long fragment is read.
+    void setPause(const std::function<void()>& pause);
+    /// Forgets the lines read so far.
+    void startBatch() noexcept;
+    /// Reads the fragment at `at` (code units from 0, in and out) and adds its line to the batch. Unless
+    /// `isWhole`, more text follows the one at hand: a fragment that comes near its end is put back, to be
+    /// read again with more text. A batch longer than 2^20 code units is forgotten first. Linear in the text
+    /// passed over.
+    FragmentReading next(std::u16string_view text, std::size_t& at, bool isWhole = true) {
+        return readBatch(text, at, isWhole, 0);
+    }
+    /// The same for one fragment after another, until the batch has `batchLength` code units or one gives no
+    /// line; returns what became of the last.
+    FragmentReading readBatch(std::u16string_view text, std::size_t& at, bool isWhole,
+                              std::size_t batchLength);
+
+    /// Valid until the next call.
+    LineBatch batch() const noexcept { return {writer_.buffer().view(), ends_}; }
+    /// The line read last.
+    std::u16string_view line() const { return writer_.buffer().view().substr(lineStart_); }
+
+private:
+    LineWriter writer_;
+    FragmentSkipper skipper_;
+    FragmentReader<LineWriter> lines_{writer_};
+    FragmentReader<FragmentSkipper> skips_{skipper_};
+    std::size_t maxLineLength_;
+    std::size_t lineStart_ = 0;
+    std::vector<std::uint32_t> ends_;
+};
+
+} // namespace brindlewick
