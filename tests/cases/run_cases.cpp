@@ -1,9 +1,9 @@
 // Runs the cases of the files that are named on the command line. README.md describes their format.
 #include "cases/case_file.h"
 
-#include "core/fragment_line_reader.h"
 #include "core/json_parser.h"
 #include "core/json_serialiser.h"
+#include "core/line_reader.h"
 #include "core/text_file_reader.h"
 #include "extract/extraction_run.h"
 #include "lists/folder_rules.h"
@@ -56,11 +56,11 @@ Reading readAsValues(std::u16string_view text) {
 
 Reading readAsLines(std::u16string_view text) {
     Reading reading;
-    FragmentLineReader reader;
-    std::int32_t position = 1;
-    while (reader.next(text, position) == FragmentReading::line) {
+    LineReader reader;
+    std::size_t at = 0;
+    while (reader.next(text, at) == FragmentReading::line) {
         reading.lines.push_back(toUtf8(reader.line()));
-        reading.ends.push_back(position);
+        reading.ends.push_back(static_cast<std::int32_t>(at + 1));
     }
     return reading;
 }

@@ -1,9 +1,9 @@
 // What cases/*.cases cannot hold: deep nesting, many keys, members of every length, values that no text
 // gives.
 #include "core/decimal_number.h"
-#include "core/fragment_line_reader.h"
 #include "core/json_parser.h"
 #include "core/json_serialiser.h"
+#include "core/line_reader.h"
 #include "core/text_file_reader.h"
 #include "platform/text_encoding.h"
 #include "support/failure_of.h"
@@ -17,13 +17,13 @@ namespace {
 /// The lines and positions of both readers are the same. Returns the first line.
 std::u16string firstLineOfBoth(const std::u16string& text) {
     JsonParser parser;
-    FragmentLineReader reader;
+    LineReader reader;
     std::u16string first;
     std::int32_t valuePosition = 1;
-    std::int32_t linePosition = 1;
+    std::size_t at = 0;
     while (const std::optional<JsonValue> fragment = parser.parse(text, valuePosition)) {
-        EXPECT_EQ(reader.next(text, linePosition), FragmentReading::line) << toUtf8(text);
-        EXPECT_EQ(linePosition, valuePosition) << toUtf8(text);
+        EXPECT_EQ(reader.next(text, at), FragmentReading::line) << toUtf8(text);
+        EXPECT_EQ(at + 1, valuePosition) << toUtf8(text);
         const std::u16string line = serialize(*fragment);
         EXPECT_EQ(toUtf8(reader.line()), toUtf8(line)) << toUtf8(text);
         if (::testing::Test::HasFailure())
@@ -31,7 +31,7 @@ std::u16string firstLineOfBoth(const std::u16string& text) {
         if (first.empty())
             first = line;
     }
-    EXPECT_EQ(reader.next(text, linePosition), FragmentReading::end) << toUtf8(text);
+    EXPECT_EQ(reader.next(text, at), FragmentReading::end) << toUtf8(text);
     return first;
 }
 

@@ -1,7 +1,7 @@
 // Feeds the lenient JSON reader and both ways of writing lines.
-#include "core/fragment_line_reader.h"
 #include "core/json_parser.h"
 #include "core/json_serialiser.h"
+#include "core/line_reader.h"
 #include "fuzz/fuzz_driver.h"
 #include "platform/text_encoding.h"
 
@@ -86,17 +86,17 @@ void checkFragments(std::u16string_view text) {
     // A unit grows most as the end of a number like 1e28, or as a bad boolean between two colons.
     const std::size_t mostWritten = 20 * text.size() + 100;
     JsonParser parser;
-    FragmentLineReader reader;
+    LineReader reader;
     std::int32_t position = 1;
-    std::int32_t fastPosition = 1;
+    std::size_t at = 0;
     std::size_t written = 0;
     for (;;) {
         const std::int32_t start = position;
         const std::optional<JsonValue> fragment = parser.parse(text, position);
-        const FragmentReading reading = reader.next(text, fastPosition);
+        const FragmentReading reading = reader.next(text, at);
         check(reading == (fragment ? FragmentReading::line : FragmentReading::end),
               "both readers end together");
-        check(position == fastPosition, "both readers stop at the same place");
+        check(static_cast<std::size_t>(position) == at + 1, "both readers stop at the same place");
         if (text.size() < 1000) // a line of the errors may quote the whole rest
             (void)parser.parserErrors();
         if (!fragment)
@@ -116,18 +116,18 @@ const std::u16string farEnd = u"\n" + std::u16string(600, u' ') + u"[\"the end\"
 
 /// Text that comes bit by bit, at every place in turn, gives the lines of the whole text.
 void checkCutOff(std::u16string_view text) {
-    FragmentLineReader whole;
-    FragmentLineReader cut;
-    std::int32_t wholePosition = 1;
-    std::int32_t cutPosition = 1;
+    LineReader whole;
+    LineReader cut;
+    std::size_t wholeAt = 0;
+    std::size_t cutAt = 0;
     for (std::size_t known = 0;;) {
-        const FragmentReading reading = cut.next(text.substr(0, known), cutPosition, known >= text.size());
+        const FragmentReading reading = cut.next(text.substr(0, known), cutAt, known >= text.size());
         if (reading == FragmentReading::needsText) {
             ++known;
             continue;
         }
-        check(reading == whole.next(text, wholePosition), "text that comes bit by bit gives as many lines");
-        check(cutPosition == wholePosition, "text that comes bit by bit is read to the same places");
+        check(reading == whole.next(text, wholeAt), "text that comes bit by bit gives as many lines");
+        check(cutAt == wholeAt, "text that comes bit by bit is read to the same places");
         if (reading == FragmentReading::end)
             return;
         check(cut.line() == whole.line(), "text that comes bit by bit gives the same lines");
@@ -144,15 +144,14 @@ void checkTooLong(std::u16string_view text) {
         .append(u"\\n\"],")
         .append(text);
     document.append(u",\"k\":2}").append(farEnd);
-    FragmentLineReader reader(longestLine);
-    std::int32_t position = 1;
+    LineReader reader(longestLine);
+    std::size_t at = 0;
     std::int32_t plainPosition = 1;
     while (const std::optional<JsonValue> fragment = JsonParser().parse(document, plainPosition)) {
         const bool isTooLong = serialize(*fragment).size() > longestLine;
-        check(reader.next(document, position) ==
-                  (isTooLong ? FragmentReading::tooLong : FragmentReading::line),
+        check(reader.next(document, at) == (isTooLong ? FragmentReading::tooLong : FragmentReading::line),
               "a line is refused for its length alone");
-        check(position == plainPosition, "a refused line ends where it would");
+        check(at + 1 == static_cast<std::size_t>(plainPosition), "a refused line ends where it would");
     }
 }
 
