@@ -6,7 +6,7 @@
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-liberation)
 # What building and running the tests and the benchmarks takes besides.
 # Three judge the menu entry, the metainfo and the manual page; the last makes a file system of a test's own.
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils appstream man-db python3-fusepy)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils appstream man-db python3-pyfuse3)
 # What using the real program from outside takes: a display, a window manager, mouse and keys, the clipboard,
 # pictures, the accessibility bus.
 session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)

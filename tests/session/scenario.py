@@ -1,0 +1,180 @@
+"""What the session does with the program, the same on every system: from the samples to saved files, a second start, and
+closing in the middle of a run. What must be written is worked out here, without the program."""
+import os
+import re
+
+# The controls as Tab visits them.
+READING_ORDER = [
+    "JSON files", "Add JSON Files", "Add All JSON Files In Folder", "Load JSON Files From Text File",
+    "Load Sample/Example Files", "Clear the JSON files",
+    "Tags", "Add Tag", "Load Tags From Text File", "Delete Selected Tag", "Clear the tags",
+    "Extract value and tag", "Explain the extraction modes", "Include filename in extraction results",
+    "Start Extracting", "Help",
+    "Results", "Save Results As Text File", "Save As Comma Delimited", "Copy Results To Clipboard", "Clear the results"]
+SAVE, COMMA = READING_ORDER[17:19]
+ENDLESS = 60 << 30  # bytes that take minutes to read
+
+
+def sample_rows(folder):
+    """The path of the file and the text of every row that the tag "name" gives: the values of all keys with "name" in
+    them, by a pattern over the samples' text, since some are not plain JSON."""
+    for path in sorted(os.path.join(folder, file) for file in os.listdir(folder)):
+        with open(path, encoding="utf-8-sig") as text:
+            for value in re.findall(r'"\w*name"\s*:\s*"([^"]*)"', text.read(), re.IGNORECASE):
+                yield path, value + " "
+
+
+def aligned(rows):
+    widths = [max(map(len, column)) for column in zip(*rows)]
+    return ["".join(cell.ljust(width) + "\t" for cell, width in zip(row, widths)) for row in rows]
+
+
+def joined(lines):
+    return "".join(line + "\r\n" for line in lines)
+
+
+def expect_text(user, what, path, expected):
+    def is_so():
+        with open(path, encoding="cp1252", newline="") as file:
+            return file.read() == expected
+    user.expect(what, lambda: os.path.exists(path) and is_so())
+
+
+def save(user, path, button=None, picture=None):
+    """By the button, or by the keys that save the text file."""
+    if button:
+        user.press(button)
+    else:
+        user.keys("ctrl+s")
+    user.choose_file(path, picture)
+
+
+def overwrite(user, path, answer, picture=None):
+    user.answer("Are you sure you wish to overwrite " + user.native(path) + " ?", answer, picture)
+
+
+def load_samples(user):
+    user.press("Load Sample/Example Files")
+    user.answer("open the folder", "No")
+    user.sees_rows("JSON files", len(os.listdir(user.samples)))
+
+
+def choose_one_file(user, path):
+    user.keys("ctrl+o")
+    user.choose_file(path)
+    user.sees_rows("JSON files", 1)
+
+
+def close_by_keys(user, keys):
+    user.keys(keys)
+    user.sees_end()
+
+
+def from_samples_to_files(user, rows):
+    user.start()
+    user.picture("1-empty")
+    user.sees_names(READING_ORDER)
+    user.keys("F1")
+    user.answer("If you need some extraction features added to this software, please email", "OK")
+    load_samples(user)
+    user.picture("2-samples")
+    user.press("Start Extracting")
+    user.answer("Done.", "OK", picture="3-done")
+    values = [row[1:] for row in rows]
+    user.sees_rows("Results", len(values))
+
+    text_file = os.path.join(user.out, "results.txt")
+    lines = aligned([("Results",), *values])
+    save(user, text_file, picture="4-file-dialog")
+    expect_text(user, "the text file", text_file, joined(lines))
+    # The first row without its tick, so that what is written now differs.
+    user.select_first_row("Results")
+    user.keys("space")
+    save(user, text_file, SAVE)
+    overwrite(user, text_file, "No", picture="5-overwrite")
+    save(user, text_file, SAVE)
+    expect_text(user, "No keeps the file", text_file, joined(lines))
+    overwrite(user, text_file, "Yes")
+    # The row is left out, and still counts for the width.
+    expect_text(user, "the text file without the row", text_file, joined(lines[:1] + lines[2:]))
+
+    comma_file = os.path.join(user.out, "results-comma.txt")
+    comma_text = ",\r\n".join(row[0] for row in values) + "\r\n"
+    save(user, comma_file, COMMA)
+    expect_text(user, "the comma-delimited file, with every row", comma_file, comma_text)
+    os.truncate(comma_file, 0)
+    save(user, comma_file, COMMA)
+    for _ in range(2):  # this export asks twice
+        overwrite(user, comma_file, "Yes")
+    expect_text(user, "the comma-delimited file once more", comma_file, comma_text)
+
+    user.press("Include filename in extraction results")
+    user.press("Copy Results To Clipboard")
+    user.answer("Results have been copied to the clipboard.", "OK", keep_clipboard=True)
+    copied = joined(row[0].rstrip(" ") for row in values[1:])
+    user.expect("the copied rows", lambda: user.clipboard() == copied)
+    user.picture("6-before-closing")
+    close_by_keys(user, "alt+F4")
+    user.expect("the copied rows stay", lambda: not user.clipboard_outlives or user.clipboard() == copied)
+
+
+def second_start(user, rows):
+    user.start()
+    user.check("the settings are in the user's own folder", os.path.isfile(user.settings))
+    user.sees_rows("Tags", 1)
+    user.sees_checked("Extract value without tag")
+    user.sees_checked("Include filename in extraction results")
+    load_samples(user)
+    user.keys("ctrl+Return")
+    user.answer("Done.", "OK", picture="7-with-file-names")
+    # The tag came back and was added a second time, and every tag that a line holds gives it a row.
+    twice = [(user.native(path), text) for path, text in rows for _ in range(2)]
+    user.sees_rows("Results", len(twice))
+    text_file = os.path.join(user.out, "results-with-file-names.txt")
+    save(user, text_file)
+    expect_text(user, "twice the rows beside their files", text_file, joined(aligned([("Filename", "Results"), *twice])))
+    close_by_keys(user, "ctrl+q")
+
+
+def close_in_a_run(user):
+    """The run would take minutes: the program ends at once."""
+    user.start()
+    endless = os.path.join(user.home, "endless.json")
+    with open(endless, "wb") as file:
+        file.truncate(ENDLESS)  # sparse: it takes no room
+    choose_one_file(user, endless)
+    user.keys("ctrl+Return")
+    user.sees_run()
+    user.keys("ctrl+Return")  # a second press is ignored
+    user.picture("8-closing-in-the-middle")
+    close_by_keys(user, "alt+F4")
+
+
+def wait_for_a_slow_file(user, slow):
+    """The window goes on while bytes are long in coming, the run goes on once they come, and closing does not wait."""
+    def start_waiting():
+        slow.hold_back()  # only now: the file dialog looks into files as well
+        user.keys("ctrl+Return")
+        user.expect("the read that does not end", slow.asked.is_set)
+        user.sees_run()
+
+    user.start()
+    user.sees_rows("Tags", 2)  # closing in a run loses none
+    choose_one_file(user, slow.path)
+    user.press("Extract all")
+    start_waiting()
+    user.keys("ctrl+Return")  # a second press is ignored
+    slow.may_come.set()
+    user.answer("Done.", "OK")
+    user.sees_rows("Results", 2)
+    start_waiting()
+    close_by_keys(user, "alt+F4")
+    user.check("the bytes have not come", not slow.may_come.is_set())
+
+
+def run(user):
+    rows = list(sample_rows(user.samples))
+    user.check("the samples have names", rows)
+    from_samples_to_files(user, rows)
+    second_start(user, rows)
+    close_in_a_run(user)
