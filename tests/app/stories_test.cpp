@@ -1,0 +1,246 @@
+// From files and tags to rows, saved files and the clipboard, as a person goes.
+#include "app/file_dialogs.h"
+#include "app/window_story.h"
+#include "support/own_separator.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QGuiApplication>
+#include <QPushButton>
+#include <fstream>
+#include <sstream>
+
+namespace brindlewick::testing {
+namespace {
+
+struct Stories : WindowStory {
+    /// A saved file, with "|" for a tab and without the CR of each line end, which must be there.
+    std::string saved() {
+        QString text = QString::fromStdString(folder.read("saved.txt"));
+        EXPECT_EQ(text.count("\r\n"), text.count('\n'));
+        return text.remove('\r').replace('\t', '|').toStdString();
+    }
+    static std::string copied() {
+        return QGuiApplication::clipboard()->text().remove('\r').replace('\t', '|').toStdString();
+    }
+    void save(const char* button, std::deque<QString> answers = {}) {
+        person.answers = std::move(answers);
+        person.answers.push_front(path("saved.txt"));
+        click(button);
+    }
+
+    const std::string question =
+        "Brindlewick: Are you sure you wish to overwrite " + utf8(folder.text("saved.txt")) + " ? [Yes,No]";
+};
+
+const std::string saveDialog = "Save: Text Files (*.txt) (*.txt), All Files (*.*) (*)";
+const std::string copiedMessage =
+    "Brindlewick: Results have been copied to the clipboard.\n\nClick a text area where you normally type "
+    "and press Ctrl+V to paste the clipboard. [OK]";
+
+TEST_F(Stories, TheFourModesGiveTheRowsOfTheReadme) {
+    std::ifstream file(README);
+    const std::string readme{std::istreambuf_iterator<char>(file), {}};
+    const std::size_t example = readme.find("```json\n") + 8;
+    folder.write("zoo.json", readme.substr(example, readme.find("```", example) - example));
+    open();
+    person.answers = {path("zoo.json"), "name"};
+    click("Add JSON Files");
+    click("Add Tag");
+    EXPECT_THAT(person.shown(),
+                ElementsAre("Add File(s) - Hold Ctrl to select multiple files: All Files (*.json) (*.json)",
+                            "Brindlewick: Enter tag to add:  ="));
+    for (const char* caption : {"Extract value and tag", "Extract value without tag",
+                                "Extract entire line containing tag", "Extract all"}) {
+        Texts told;
+        const std::size_t row = readme.find(std::string("\n| ") + caption + " |") + 1;
+        std::istringstream cells(readme.substr(row, readme.find('\n', row) - row));
+        for (std::string text; std::getline(std::getline(cells, text, '`'), text, '`');)
+            told.push_back(text);
+        EXPECT_EQ(told.size(), 2U) << caption;
+        click(caption);
+        click("Start Extracting");
+        EXPECT_EQ(rows(results()), told) << caption;
+    }
+    EXPECT_THAT(person.shown(), ElementsAre(done, done, done, done));
+}
+
+TEST_F(Stories, ResultsAreSavedAndCopiedToTheCharacter) {
+    const std::u16string file = folder.write("zoo.json", "{\"name\":\"Bo\"}\n{\"name\":\"Pebble\"}\n");
+    const std::string name = utf8(file);
+    const std::string blanks(name.size() - 8, ' ');
+    open();
+    fill({file}, {u"name"});
+    click("Extract value without tag");
+    click("Start Extracting");
+    EXPECT_EQ(headers(results()), "Results");
+    save("Save Results As Text File");
+    EXPECT_EQ(saved(), "Results|\nBo     |\nPebble |\n");
+    save("Save As Comma Delimited", {"Yes", "Yes"});
+    EXPECT_EQ(saved(), "Bo ,\nPebble \n");
+    click("Copy Results To Clipboard");
+    EXPECT_EQ(copied(), "Bo\nPebble\n");
+    click("Include filename in extraction results");
+    EXPECT_EQ(headers(results()), "Results") << "before the next run";
+    click("Start Extracting");
+    EXPECT_EQ(headers(results()), "Filename|Results");
+    press(Qt::Key_Home, {}, results());
+    press(Qt::Key_Space); // without a tick, the first row is in the comma-delimited file alone
+    save("Save Results As Text File", {"Yes"});
+    EXPECT_EQ(saved(), "Filename" + blanks + "|Results|\n" + name + "|Pebble |\n");
+    save("Save As Comma Delimited", {"Yes", "Yes"});
+    EXPECT_EQ(saved(), "Filename,Results,\n" + name + ",Bo \n" + name + ",Pebble \n");
+    click("Copy Results To Clipboard");
+    EXPECT_EQ(copied(), name + "|Pebble\n");
+    EXPECT_THAT(person.shown(),
+                ElementsAre(done, saveDialog, saveDialog, question, question, copiedMessage, done, saveDialog,
+                            question, saveDialog, question, question, copiedMessage));
+
+    click("Clear the results");
+    EXPECT_THAT(rows(results()), IsEmpty());
+    EXPECT_EQ(headers(results()), "Filename|Results");
+    const std::string before = saved();
+    save("Save Results As Text File", {"No"});
+    save("Save As Comma Delimited", {"Escape"});
+    save("Save As Comma Delimited", {"Yes", "No"});
+    EXPECT_EQ(saved(), before);
+    EXPECT_THAT(person.shown(),
+                ElementsAre(saveDialog, question, saveDialog, question, saveDialog, question, question));
+}
+
+TEST_F(Stories, FilesAndTagsComeFromDialogsFoldersAndListFiles) {
+    for (const char* name : {"in/a b.json", "in/c.json", "in/sub/d.json", "in/e.txt"})
+        folder.write(name, "{}");
+    folder.write("files.txt", "one.json\ntwo.json");
+    folder.write("tags.txt", "name\r\n\r\n <id>\r\n");
+    const auto in = [&](const char* name) { return utf8(folder.text(name)); };
+    open();
+    person.answers = {path("in/c.json")};
+    click("Add JSON Files");
+    person.answers = {"\"c.json\" \"a b.json\""}; // in the folder of the last choice
+    click("Add JSON Files");
+    EXPECT_THAT(rows(files()), ElementsAre(in("in/c.json"), in("in/c.json"), in("in/a b.json")));
+    click("Clear the JSON files");
+    person.answers = {"json", path("in")};
+    click("Add All JSON Files In Folder");
+    EXPECT_THAT(rows(files()), ElementsAre(in("in/a b.json"), in("in/c.json"), in("in/sub/d.json")));
+    EXPECT_EQ(stored(u"Extension") + stored(u"LastFolder"), "json" + in("in"));
+    click("Clear the JSON files");
+    person.answers = {"txt", "Escape"};
+    click("Add All JSON Files In Folder");
+    EXPECT_EQ(stored(u"Extension") + stored(u"LastFolder"), "txt" + in("in"));
+    person.answers = {path("files.txt"), path("tags.txt"), "a/<b>", "Escape"};
+    click("Load JSON Files From Text File");
+    click("Load Tags From Text File");
+    click("Add Tag");
+    click("Add Tag");
+    EXPECT_THAT(rows(files()), ElementsAre("one.json", "two.json"));
+    EXPECT_THAT(rows(tags()), ElementsAre("name", "", " <id>", "a/<b>"));
+    const std::string add = "Add File(s) - Hold Ctrl to select multiple files: All Files ";
+    const std::string prompt =
+        "Brindlewick: Enter file extension to load:\n\n(* for all files, txt for all txt "
+        "files, doc for all doc files, etc.) =json";
+    EXPECT_THAT(
+        person.shown(),
+        ElementsAre(add + "(*.json) (*.json)", add + "(*.json) (*.json)", prompt,
+                    "Please select folder:: All Files (*)", prompt, "Please select folder:: All Files (*)",
+                    "Brindlewick: File should look like:\nC:\\test\\1.xml\nC:\\test\\2.xml\netc. [OK]",
+                    add + "(*.*) (*)",
+                    "Load List(s) - Hold Ctrl to select multiple list files: Text Files (*.txt) (*.txt), "
+                    "All Files (*.*) (*)",
+                    "Brindlewick: Enter tag to add:  =", "Brindlewick: Enter tag to add:  ="));
+}
+
+TEST_F(Stories, ChosenFilesAreGivenWithTheFolderThatTheyShare) {
+    const std::pair<QStringList, std::u16string> cases[] = {
+        // "/" stands for the platform's separator
+        {{}, u""},
+        {{"/d/a.json"}, u"/d/a.json"},
+        {{"/d/e/b.json", "/d/e/a.json"}, {u"/d/e\0b.json\0a.json", 18}},
+        {{"/a", "/b"}, {u"/\0a\0b", 5}},
+        {{"/d/e/a", "/d/ef/b"}, {u"/d\0e/a\0ef/b", 11}},
+    };
+    for (const auto& [paths, expected] : cases) {
+        QStringList native;
+        for (const QString& one : paths)
+            native += QDir::toNativeSeparators(one);
+        EXPECT_EQ(joinedSelection(native), own(expected));
+    }
+}
+
+TEST_F(Stories, AMissingFileIsReportedAndTheOthersAreRead) {
+    open();
+    fill({folder.text("gone.json"), folder.write("a.json", "{\"name\":1}\n{\"name\":\"x\ty\"}")}, {u"NAME"});
+    click("Start Extracting");
+    EXPECT_THAT(rows(results()), ElementsAre("name :1 ", "name :x\\ty "));
+    EXPECT_EQ(status(), "2 rows found");
+    person.answers = {path("no/such/folder.txt")};
+    click("Save Results As Text File");
+    EXPECT_THAT(person.shown(),
+                ElementsAre(report("File not found", "Form1.PushButton7_Click"), done, saveDialog,
+                            report("Path not found", "Extract1.SaveListviewProperlySpaced")));
+    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(Stories, HugeTextsStayReadableAndAskable) {
+    open();
+    fill({}, {std::u16string(600, u'W') + u"\r\nx"});
+    EXPECT_EQ(rows(tags()).front().substr(0, 600), std::string(500, 'W') + "\u2026");
+    const std::string name = "saved/" + std::string(120, 'y'); // too long a word for a message box
+    for (const char* answer : {"Yes", "No", "Escape"}) {
+        folder.write(name, "old");
+        person.answers = {path(name.c_str()), answer};
+        click("Save Results As Text File");
+        EXPECT_EQ(folder.read(name) == "old", answer != std::string("Yes"));
+        EXPECT_THAT(person.shown(),
+                    ElementsAre(saveDialog, ::testing::StartsWith("Brindlewick: Are you sure")));
+    }
+}
+
+TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
+    folder.write("many/a.json", "{\"name\":1}");
+    open();
+    fill({folder.text("many/a.json")}, {u"name"});
+    click("Start Extracting");
+    EXPECT_THAT(person.shown(), ElementsAre(done));
+    const struct {
+        const char* button;
+        std::deque<QString> answers;
+    } operations[] = {{"Start Extracting", {}},
+                      {"Save Results As Text File", {path("1.txt")}},
+                      {"Save As Comma Delimited", {path("2.txt")}},
+                      {"Copy Results To Clipboard", {}},
+                      {"Add All JSON Files In Folder", {"json", path("many")}}};
+    int closings = 0;
+    for (const auto& [button, answers] : operations) {
+        person.answers = answers;
+        window->show();
+        SettingsFile().SaveSetting(u"Tags", u"");
+        const auto disturb = [&] {
+            EXPECT_THAT(person.answers, IsEmpty());
+            (void)person.shown();
+            for (auto* other : window->findChildren<QPushButton*>())
+                QTest::mouseClick(other, Qt::LeftButton);
+            for (RowsView* list : {files(), tags()}) {
+                clickRow(list, 0);
+                QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, rowCentre(list, 0));
+                press(Qt::Key_Delete, {}, list);
+            }
+            press(Qt::Key_Z, Qt::ControlModifier);
+            QTest::mouseMove(window->controls().Frame2);
+            EXPECT_EQ(window->cursor().shape(), Qt::WaitCursor) << button;
+            EXPECT_EQ(person.shown().size(), 2U) << button << ": help and what the modes are";
+            press(Qt::Key_Q, Qt::ControlModifier);
+            EXPECT_EQ(ended, ++closings) << button;
+            EXPECT_EQ(stored(u"Tags"), "name||MySeparator12||") << button;
+        };
+        EXPECT_TRUE(inTheMiddleOf(button, disturb)) << button;
+        EXPECT_EQ(rows(files()).size(), button == operations[4].button ? 2U : 1U) << button;
+        EXPECT_EQ(rows(tags()).size(), 1U) << button;
+        EXPECT_FALSE(window->isVisible()) << button;
+        (void)person.shown();
+    }
+}
+
+} // namespace
+} // namespace brindlewick::testing

@@ -1,0 +1,213 @@
+#include "app/window_story.h"
+
+#include "app/qt_text.h"
+#include "app/system.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QImage>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTimer>
+
+namespace brindlewick::testing {
+
+std::string utf8(std::u16string_view text) {
+    return toQString(text).toStdString();
+}
+
+std::string png(int width, int height) {
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data().toStdString();
+}
+
+OwnSettings::OwnSettings() {
+    qputenv(configFolderVariable, path("settings").toUtf8());
+}
+
+std::string OwnSettings::stored(std::u16string_view key) {
+    return utf8(SettingsFile().GetSetting(key, u"unset"));
+}
+
+QString OwnSettings::path(const char* name) const {
+    return toQString(folder.text(name));
+}
+
+ScriptedPerson::ScriptedPerson() {
+    qApp->installEventFilter(this);
+}
+
+ScriptedPerson::~ScriptedPerson() {
+    EXPECT_TRUE(answers.empty()) << "never asked for: " << answers.front().toStdString();
+    EXPECT_THAT(shown_, IsEmpty());
+}
+
+bool ScriptedPerson::eventFilter(QObject* object, QEvent* event) {
+    if (auto* const dialog = qobject_cast<QDialog*>(object); dialog && event->type() == QEvent::Show)
+        QTimer::singleShot(0, dialog, [this, dialog] { answer(*dialog); });
+    return false;
+}
+
+void ScriptedPerson::note(const QDialog& dialog, const QStringList& buttons) {
+    const QSize screen = dialog.screen()->availableSize();
+    EXPECT_TRUE(dialog.width() <= screen.width() && dialog.height() <= screen.height());
+    QString line = dialog.windowTitle();
+    if (const auto* const browser = qobject_cast<const QFileDialog*>(&dialog)) {
+        line += ": " + browser->nameFilters().join(", ");
+    } else if (const auto* const input = qobject_cast<const QInputDialog*>(&dialog)) {
+        EXPECT_EQ(input->findChild<QLabel*>()->textFormat(), Qt::PlainText);
+        line += ": " + input->labelText() + " =" + input->textValue();
+    } else if (const auto* const box = qobject_cast<const QMessageBox*>(&dialog)) {
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        line += (box->icon() == QMessageBox::Warning ? " (!): " : ": ") + box->text();
+        line += " [" + buttons.join(u',') + "]";
+    } else if (const auto* const scrolling = dialog.findChild<QPlainTextEdit*>()) {
+        EXPECT_TRUE(scrolling->isReadOnly());
+        line += ": " + scrolling->toPlainText() + " [" + buttons.join(u',') + "]";
+    }
+    static const QRegularExpression lineNumber("at line \\d+");
+    shown_.push_back(line.replace(lineNumber, "at line N").toStdString());
+}
+
+void ScriptedPerson::answer(QDialog& dialog) {
+    QStringList captions;
+    for (const auto* box : dialog.findChildren<QDialogButtonBox*>())
+        for (const QAbstractButton* button : box->buttons())
+            captions += button->text().remove(u'&');
+    note(dialog, captions);
+    if (captions == QStringList{"OK"}) {
+        QTest::keyClick(&dialog, Qt::Key_Enter);
+        return;
+    }
+    QString answer = "Escape";
+    if (answers.empty())
+        ADD_FAILURE() << "nobody answers " << shown_.back();
+    else
+        answer = answers.front(), answers.pop_front();
+    if (answer == "Escape") {
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    } else if (auto* const field = dialog.findChild<QLineEdit*>()) {
+        auto* const browser = qobject_cast<QFileDialog*>(&dialog);
+        const QFileInfo target(answer);
+        if (browser && browser->fileMode() != QFileDialog::Directory && target.dir().exists())
+            browser->setDirectory(target.isAbsolute() ? target.dir() : browser->directory());
+        field->setText(answer);
+        dialog.accept();
+    } else {
+        for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+            if (button->text().remove(u'&') == answer)
+                QTest::mouseClick(button, Qt::LeftButton);
+    }
+    if (dialog.isVisible()) {
+        ADD_FAILURE() << shown_.back() << " does not take " << answer.toStdString();
+        dialog.reject();
+    }
+}
+
+void WindowStory::open() {
+    testers.clear();
+    window.reset();
+    window = std::make_unique<Form1>(folder.text(), [this] { ++ended; });
+    window->Form_Load();
+    for (RowsView* list : {files(), results(), tags()})
+        testers.push_back(std::make_unique<QAbstractItemModelTester>(
+            list->model(), QAbstractItemModelTester::FailureReportingMode::Fatal));
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+}
+
+void WindowStory::fill(const std::vector<std::u16string>& inputs, const std::vector<std::u16string>& words) {
+    for (const std::u16string& input : inputs)
+        window->inputFiles().append(input);
+    for (const std::u16string& word : words)
+        window->tags().append(word);
+    QCoreApplication::processEvents();
+}
+
+void WindowStory::click(const std::string& caption) {
+    for (auto* button : window->findChildren<QAbstractButton*>())
+        if (button->text().trimmed().toStdString() == caption ||
+            button->accessibleName().toStdString() == caption) {
+            QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(10, button->height() / 2));
+            return;
+        }
+    FAIL() << "no button " << caption;
+}
+
+void WindowStory::press(Qt::Key key, Qt::KeyboardModifiers modifiers, RowsView* list) {
+    window->activateWindow(); // a closed dialog leaves none active on a platform without windows
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    if (list != nullptr)
+        list->setFocus();
+    QWidget* const focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : window.get(), key, modifiers);
+}
+
+void WindowStory::clickRow(RowsView* list, int row, Qt::KeyboardModifiers modifiers) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, rowCentre(list, row));
+}
+
+QPoint WindowStory::rowCentre(const RowsView* list, int row) {
+    return list->visualRect(list->model()->index(row, 0)).center();
+}
+
+bool WindowStory::inTheMiddleOf(const char* button, const std::function<void()>& meanwhile) {
+    bool isReached = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (window->cursor().shape() == Qt::WaitCursor && !std::exchange(isReached, true))
+            meanwhile();
+    });
+    timer.start(0);
+    QTest::qWait(120); // longer than events ever have to wait, so that the first yield handles them
+    click(button);
+    return isReached;
+}
+
+Texts WindowStory::rows(const RowsView* list) {
+    QCoreApplication::processEvents(); // in which appended rows are shown
+    Texts texts;
+    const QAbstractItemModel& model = *list->model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        texts.emplace_back(model.index(row, 0).data().toString().toStdString());
+        for (int column = 1; column < model.columnCount(); ++column)
+            texts.back() += "|" + model.index(row, column).data().toString().toStdString();
+    }
+    return texts;
+}
+
+std::string WindowStory::headers(const RowsView* list) {
+    QStringList captions;
+    for (int column = 0; column < list->model()->columnCount(); ++column)
+        captions += list->model()->headerData(column, Qt::Horizontal).toString();
+    return captions.join(u'|').toStdString();
+}
+
+std::string WindowStory::status() {
+    return window->findChild<QLabel*>("progressLabel")->text().toStdString();
+}
+
+int WindowStory::mode() {
+    for (const int option : {1, 2, 3, 4})
+        if (window->findChild<QRadioButton*>(QString("Option%1").arg(option))->isChecked())
+            return option;
+    return 0;
+}
+
+std::string WindowStory::report(const std::string& description, const std::string& routine) {
+    return "Application Error (!): " + description + "\nin Corvane2021/08/31." + routine +
+           " at line N\n\nPlease email screenshot of this message to support@brindlewick.example [OK]";
+}
+
+} // namespace brindlewick::testing
