@@ -5,11 +5,15 @@
 #include "core/json_serialiser.h"
 #include "core/line_reader.h"
 #include "core/text_file_reader.h"
+#include "platform/native_path.h"
 #include "platform/text_encoding.h"
 #include "support/failure_of.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
 
 namespace brindlewick {
 namespace {
@@ -71,6 +75,21 @@ TEST(Readers, FindADuplicateAmongManyKeys) {
         text += fromUtf8("\"k" + std::to_string(key) + "\":1 ");
     EXPECT_EQ(firstLineOfBoth(text + u"\"k49999\":2}").size(),
               50000 * 4 + 10 + 90 * 2 + 900 * 3 + 9000 * 4 + 40000 * 5 + 50000 * 2 + 1);
+}
+
+/// Files that nobody here wrote.
+TEST(Readers, AgreeOnForeignFiles) {
+    const char* const folder = std::getenv("BRINDLEWICK_FOREIGN_JSON");
+    if (folder == nullptr || *folder == '\0')
+        GTEST_SKIP() << "BRINDLEWICK_FOREIGN_JSON names no folder of JSON files";
+    std::size_t lines = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+        if (entry.path().extension() == ".json" && entry.is_regular_file())
+            for (const std::u16string& piece : ReadFileToPieces(pathText(entry.path()))) {
+                SCOPED_TRACE(entry.path());
+                lines += firstLineOfBoth(piece).empty() ? 0 : 1;
+            }
+    EXPECT_GT(lines, 0U) << folder;
 }
 
 TEST(TextFileReader, FailsOnWhatIsNoReadableFile) {

@@ -1,7 +1,6 @@
 // What a run does about changes while it goes on; its rows are in cases/*.cases.
 #include "extract/extraction_run.h"
 
-#include "platform/text_encoding.h"
 #include "support/fake_settings.h"
 #include "support/fake_user.h"
 #include "support/temporary_folder.h"
@@ -13,7 +12,7 @@ namespace {
 
 using testing::FakeUser;
 using testing::TemporaryFolder;
-using Rows = std::vector<std::string>;
+using Rows = std::vector<std::u16string>;
 
 class Run : public ::testing::Test {
 protected:
@@ -22,12 +21,9 @@ protected:
         options.setIncludeFilename(withFilename);
         ExtractionRun(user, options, paths, tags, table).PushButton7_Click();
         Rows rows;
-        for (std::size_t row = 0; row < table.rowCount(); ++row) {
-            std::string text = toUtf8(table.cell(row, 0));
-            if (table.columns().size() == 2)
-                text += "|" + toUtf8(table.cell(row, 1));
-            rows.push_back(text);
-        }
+        for (std::size_t row = 0; row < table.rowCount(); ++row)
+            for (std::size_t column = 0; column < table.columns().size(); ++column)
+                rows.emplace_back(table.cell(row, column));
         return rows;
     }
     void add(std::string_view bytes) {
@@ -58,7 +54,7 @@ TEST_F(Run, ReadsTheFlagForEveryRow) {
     add(R"({"b":"y"} )");
     tags = {u""};
     user.whenYielding = [this] { options.setIncludeFilename(table.rowCount() > 0); };
-    EXPECT_EQ(extract(ExtractionMode::valueWithoutTag, true), (Rows{"x |", toUtf8(paths[1]) + "|y "}));
+    EXPECT_EQ(extract(ExtractionMode::valueWithoutTag, true), (Rows{u"x ", u"", paths[1], u"y "}));
 }
 
 TEST_F(Run, LetsEventsThroughInsideALongFragment) {
@@ -83,7 +79,7 @@ TEST_F(Run, ToleratesAListThatShrinksMeanwhile) {
     add(R"({"a":2} )");
     tags = {u"a"};
     user.whenYielding = [this] { paths.resize(1); };
-    EXPECT_EQ(extract(ExtractionMode::valueWithoutTag), Rows{"1 "});
+    EXPECT_EQ(extract(ExtractionMode::valueWithoutTag), Rows{u"1 "});
     ASSERT_EQ(user.errors.size(), 1U);
     EXPECT_TRUE(user.errors[0].starts_with(u"Subscript out of range\r\n"));
 }
