@@ -11,7 +11,7 @@
 namespace brindlewick {
 
 /// The user interface is busy while a scope exists. Scopes nest, because a drop is accepted during another
-/// operation; only the outermost one changes the pointer.
+/// operation; only the outermost one changes the pointer and withdraws an earlier request to stop.
 ///
 ///     BusyScope busy(user, guard);
 ///     guard([&] { user.showProgress(text, done, total); });
@@ -22,8 +22,10 @@ public:
     /// left to its default.
     BusyScope(UserInterface& user, const Guard& guard, std::uint_least32_t line = __builtin_LINE())
         : user_(user), guard_(guard), line_(line), isOutermost_(user.operations_++ == 0) {
-        if (isOutermost_)
-            guard_([&] { user_.setPointer(PointerShape::hourglass); }, line_);
+        if (!isOutermost_)
+            return;
+        user_.stopRequested_ = false;
+        guard_([&] { user_.setPointer(PointerShape::hourglass); }, line_);
     }
     /// Ends the operation without a summary, unless `end` was called.
     ~BusyScope() { leave(); }

@@ -50,6 +50,12 @@ public:
     /// True while a long operation is under way, which is while a BusyScope of this user exists.
     bool isBusy() const noexcept { return operations_ > 0; }
 
+    /// Asks the operation that is under way to end as if its input ended there. Ignored while none is.
+    void requestStop() noexcept { stopRequested_ = isBusy(); }
+    /// True from `requestStop` until the next operation begins, so that the summary can say so. Long
+    /// operations ask after each call of `yield`.
+    bool isStopRequested() const noexcept { return stopRequested_; }
+
     /// Lets pending events be handled. Cheap enough to be called once a row: the implementation
     /// dispatches at most every few milliseconds.
     virtual void yield() = 0;
@@ -68,6 +74,7 @@ public:
 private:
     friend class BusyScope;
     int operations_ = 0; ///< under way; more than one when they nest
+    bool stopRequested_ = false;
 };
 
 } // namespace brindlewick

@@ -45,6 +45,21 @@ TEST_F(BusyScopes, EndWithoutSummaryWhenLeft) {
     EXPECT_TRUE(user.summaries.empty());
 }
 
+TEST_F(BusyScopes, KeepARequestToStopUntilTheNextOperation) {
+    user.requestStop(); // nothing to stop
+    EXPECT_FALSE(user.isStopRequested());
+    {
+        BusyScope outer(user, guard);
+        user.requestStop();
+        BusyScope inner(user, guard);
+        EXPECT_TRUE(user.isStopRequested());
+        outer.end([] { return u""; });
+    }
+    EXPECT_TRUE(user.isStopRequested());
+    BusyScope next(user, guard);
+    EXPECT_FALSE(user.isStopRequested());
+}
+
 TEST_F(BusyScopes, ReportASummaryThatFails) {
     BusyScope scope(user, guard);
     scope.end([]() -> std::u16string { throw Failure(FailureNumber::outOfMemory); });
