@@ -88,6 +88,9 @@ struct WindowStory : OwnSettings {
 
     /// The report of a failure as the person sees it.
     static std::string report(const std::string& description, const std::string& routine);
+    static inline const std::string addDialog =
+        "Add File(s) - Hold Ctrl to select multiple files: All Files (*.json) (*.json)";
+    static inline const std::string saveDialog = "Save: Text Files (*.txt) (*.txt), All Files (*.*) (*)";
     static inline const std::string done = "Brindlewick: Done. [OK]";
 
     ScriptedPerson person;
