@@ -138,7 +138,7 @@ TEST(ProgramFolder, HoldsThisTest) {
     const std::vector<FolderEntry> entries = listFolder(programFolder());
     EXPECT_NE(programFolder().back(), pathSeparator);
     EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const FolderEntry& entry) {
-        return entry.name == u"platform_tests" || entry.name == u"platform_tests.exe";
+        return entry.name == u"engine_tests" || entry.name == u"engine_tests.exe";
     }));
 }
 
