@@ -1,18 +1,18 @@
-# Sourced by ./run, ./test and .ci/run: what the program and its tests are built with, and how the Debian or
-# Ubuntu packages of it that are missing get installed. When all are there nothing asks the network.
+# Sourced by ./run, ./test and .ci/run. Lists the Debian or Ubuntu packages that they need, and installs those that
+# are missing. Uses the network only if one is.
 # shellcheck shell=bash disable=SC2034
 
-# What building and opening the window takes. libgl1-mesa-dev: Ubuntu's Qt does not bring it by itself.
+# To build and open the window. libgl1-mesa-dev: Ubuntu's Qt packages do not depend on it.
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-liberation)
-# What building and running the tests and the benchmarks takes besides.
-# Three judge the menu entry, the metainfo and the manual page; the last makes a file system of a test's own.
+# To build and run the tests and the benchmarks. desktop-file-utils, appstream and man-db check the menu entry, the
+# metainfo and the manual page; python3-pyfuse3 lets a test provide a file system.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils appstream man-db python3-pyfuse3)
-# What using the real program from outside takes: a display, a window manager, mouse and keys, the clipboard,
-# pictures, the accessibility bus.
+# To use the real program from outside: a display, a window manager, mouse and keys, the clipboard, pictures, the
+# accessibility bus.
 session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
-# What trying the package on a bare machine takes besides.
+# To try the package on a bare machine.
 package_check_packages=(lintian debootstrap)
-# What continuous integration takes besides: another compiler, and to count the engine's instructions.
+# For continuous integration: another compiler, and a tool that counts instructions.
 gate_packages=(clang valgrind python3)
 
 # install_missing PACKAGE...
@@ -40,7 +40,7 @@ install_missing() {
         fi
         as_root=(sudo)
     fi
-    # A mirror may be out of step for a moment: one more try, with fresh lists.
+    # A mirror may be out of date for a moment: fetch the lists and try again.
     if ! fetch_and_install "${missing[@]}"; then
         echo "==> Trying once more"
         sleep 5
@@ -54,8 +54,8 @@ fetch_and_install() {
             apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 "$@" </dev/null >/dev/null
 }
 
-# words_after_dashes USAGE WORD...: puts what follows the first "--" into the array `passed_on`; any word
-# before it ends the script with the usage, for --help without a complaint.
+# words_after_dashes USAGE WORD...: puts the words after the first "--" into the array `passed_on`. Any word before
+# it prints the usage and ends the script, with success for --help.
 words_after_dashes() {
     local usage=$1
     shift

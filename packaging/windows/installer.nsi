@@ -1,7 +1,7 @@
-; The installer for one user, without an administrator: program, start menu entry, uninstaller. The settings are
-; the user's and stay. Called by packaging/windows/build with
-;   VERSION     three numbers with points between them
-;   STAGE       the folder whose content is installed
+; The installer for one user, without administrator rights: program, start menu entry, uninstaller. It keeps the
+; user's settings. Called by packaging/windows/build with
+;   VERSION     three numbers separated by points
+;   STAGE       the folder whose contents are installed
 ;   FILE_LIST   a file with a Delete or RMDir for each file and folder of it
 ;   ICON, OUT_FILE
 Unicode true
@@ -37,7 +37,7 @@ VIAddVersionKey LegalCopyright "MIT licence"
 !insertmacro MUI_LANGUAGE English
 
 Section
-  ; What an earlier version had and this one has not goes with that version.
+  ; Remove an earlier version's files, since this version may lack some of them.
   ${If} ${FileExists} "$INSTDIR\uninstall.exe"
     ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
   ${EndIf}
@@ -61,7 +61,7 @@ Section
 SectionEnd
 
 Section Uninstall
-  ; File by file: what somebody has put beside them is not ours.
+  ; Delete file by file, to keep the user's own files in the folder.
   !include "${FILE_LIST}"
   Delete "$INSTDIR\uninstall.exe"
   SetOutPath "$TEMP" ; a folder in use cannot be removed

@@ -1,4 +1,4 @@
-# Debian's MinGW-w64 cross compiler, with the threads of the standard library, and Wine to run what it makes.
+# Debian's MinGW-w64 cross compiler with POSIX threads, and Wine to run its programs.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -8,7 +8,7 @@ set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_RC_COMPILER ${triple}-windres)
 
 set(CMAKE_FIND_ROOT_PATH /usr/${triple})
-# Qt's libraries are those that build-qt makes, its tools (moc, rcc) this machine's.
+# Qt's libraries come from build-qt, its tools (moc, rcc) from this machine.
 file(REAL_PATH "${CMAKE_CURRENT_LIST_DIR}/../../build/windows-qt" windows_qt)
 file(GLOB host_packages /usr/lib/*/cmake/Qt6)
 if(EXISTS "${windows_qt}/lib/cmake/Qt6" AND host_packages)
@@ -23,10 +23,10 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# A program that needs no library beside it.
+# Link statically, so that the program needs no DLL.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 
-# wine64 lies outside the path; the command named wine asks for a 32-bit Wine as well.
+# wine64 is not on the path; the command "wine" also needs a 32-bit Wine.
 find_program(WINE_PROGRAM wine64 PATHS /usr/lib/wine)
 if(WINE_PROGRAM)
   set(CMAKE_CROSSCOMPILING_EMULATOR "${WINE_PROGRAM}")

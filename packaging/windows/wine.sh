@@ -1,10 +1,10 @@
-# Sourced by packaging/windows/cross-check and build: Wine, ready to run many programs without a display.
+# Sourced by packaging/windows/cross-check and build. Prepares Wine to run many programs without a display.
 # shellcheck shell=bash disable=SC2034
 
-# wine64-preloader: without it Wine now and then finds an address taken that it needs, and does not start.
+# wine64-preloader reserves the addresses that Wine needs. Without it, Wine sometimes fails to start.
 wine_packages=(wine64 wine64-preloader)
 
-# start_wine BUILD_FOLDER: keeps Wine's own files in the configured build folder and sets `wine` to the program.
+# start_wine BUILD_FOLDER: sets `wine` to the program, and keeps Wine's own files in the configured build folder.
 start_wine() {
     export WINEPREFIX=$PWD/$1/wine
     mkdir -p "$WINEPREFIX"
@@ -13,10 +13,10 @@ start_wine() {
     export LC_ALL=C.UTF-8 # in the plain C locale Wine finds no file whose name is not ASCII
     unset DISPLAY WAYLAND_DISPLAY
     wine=$(sed -n 's/^WINE_PROGRAM:[A-Z]*=//p' "$1/CMakeCache.txt")
-    # A server that stays: one that ends between two tests takes the next one down with it.
+    # Keep the server running: a test that starts while the server shuts down fails.
     wineserver=$(dirname "$(readlink -f "$wine")")/wineserver
     "$wineserver" --persistent
     trap '"$wineserver" --kill' EXIT
-    # Wine's own files are made once, before the tests would each try to.
+    # Create Wine's own files now, since tests in parallel would all try to.
     "$wine" wineboot.exe --init >"$1/wineboot.log" 2>&1 || { cat "$1/wineboot.log" >&2; return 1; }
 }
