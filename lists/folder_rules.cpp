@@ -9,7 +9,7 @@ namespace brindlewick {
 
 bool IsBadName(std::u16string_view name) noexcept {
     return std::any_of(name.begin(), name.end(), [](char16_t unit) {
-        const auto code = static_cast<unsigned char>(singleByteOf(unit));
+        const auto code = static_cast<unsigned char>(windows1252Byte(unit));
         return code == '?' || (code >= 127 && code <= 159) || code < 32;
     });
 }

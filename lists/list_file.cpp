@@ -44,7 +44,7 @@ private:
             return;
         if (bytes.size() > longestText - entry_.size())
             throw Failure(FailureNumber::outOfMemory);
-        appendFromSingleByte(bytes, entry_);
+        appendFromWindows1252(bytes, entry_);
         lineHasBegun_ = true;
         afterReturn_ = false;
     }

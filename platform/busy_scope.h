@@ -1,5 +1,5 @@
-// The frame of a long operation: the hourglass and the busy state at its start, the default pointer and the
-// status bar's summary at its end.
+// The scope of a long operation: sets the hourglass and the busy state at its start, the standard pointer and
+// the status bar's summary at its end.
 #pragma once
 
 #include "platform/error_report.h"

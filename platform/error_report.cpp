@@ -9,7 +9,7 @@ namespace brindlewick {
 
 namespace {
 
-/// What the exception being handled means to the user.
+/// The number for the exception that is being handled.
 FailureNumber currentFailure() noexcept {
     try {
         throw;

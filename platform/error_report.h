@@ -1,4 +1,4 @@
-// The report that every routine makes of a run-time failure, and the guard that makes it.
+// The report of a run-time failure, and the guard that every routine uses to make it.
 #pragma once
 
 #include "platform/failure.h"

@@ -1,4 +1,3 @@
-// The texts that failures are shown with.
 #include "platform/failure.h"
 
 namespace brindlewick {

@@ -1,4 +1,4 @@
-// A run-time failure: a number that tells its kind and the text that the user is shown for it.
+// Run-time failures: a number for each kind, and the text that the user sees.
 #pragma once
 
 #include <cstdint>
@@ -24,11 +24,11 @@ enum class FailureNumber : std::int32_t {
     invalidPicture = 481,
 };
 
-/// The text shown to the user for a failure, for example u"File not found".
-std::u16string_view descriptionOf(FailureNumber number) noexcept;
+/// The text that the user sees for a failure, for example u"File not found".
+[[nodiscard]] std::u16string_view descriptionOf(FailureNumber number) noexcept;
 
-/// No text that the program builds (a file's text, an accumulator, a row) may be longer than this many
-/// UTF-16 code units; the statement that would build a longer one fails with outOfMemory.
+/// The limit, in UTF-16 code units, of each text that the program builds: a file's text, a line, a row.
+/// Building a longer one fails with outOfMemory.
 inline constexpr std::size_t longestText = std::size_t{1} << 30;
 
 /// Thrown by every operation that documents a failure.
@@ -36,8 +36,8 @@ class Failure : public std::exception {
 public:
     explicit Failure(FailureNumber number) noexcept : number_(number) {}
 
-    FailureNumber number() const noexcept { return number_; }
-    std::u16string_view description() const noexcept { return descriptionOf(number_); }
+    [[nodiscard]] FailureNumber number() const noexcept { return number_; }
+    [[nodiscard]] std::u16string_view description() const noexcept { return descriptionOf(number_); }
     const char* what() const noexcept override { return "brindlewick::Failure"; }
 
 private:

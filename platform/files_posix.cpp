@@ -57,7 +57,7 @@ FailureNumber failureOf(int error) {
     throw Failure(failureOf(errno));
 }
 
-/// The same after a call on `path`: the errno is the same for a missing file and a missing folder.
+/// The same after a call on `path`. The errno does not distinguish a missing file from a missing folder.
 [[noreturn]] void throwLastError(const std::string& path) {
     const int error = errno;
     std::error_code ignored;

@@ -56,8 +56,8 @@ bool matchesPattern(std::u16string_view name, std::u16string_view pattern) noexc
         return true;
     std::size_t inName = 0;
     std::size_t inPattern = 0;
-    std::size_t afterStar = std::u16string_view::npos; // where the pattern goes on after the last "*"
-    std::size_t starEnd = 0;                           // where that "*" ends in the name for now
+    std::size_t afterStar = std::u16string_view::npos; // in the pattern, after the last "*" so far
+    std::size_t starEnd = 0;                           // in the name, the end of what that "*" matches
     while (inName < name.size()) {
         if (inPattern < pattern.size() && pattern[inPattern] == u'*') {
             afterStar = ++inPattern;

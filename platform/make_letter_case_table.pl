@@ -1,7 +1,7 @@
 #!/usr/bin/env perl
 # Writes letter_case_table.inc: the code units of the Basic Multilingual Plane that fold to another one, as ranges
-# {first, last, stride, distance}. Folding is the simple lower-case mapping of the simple upper-case mapping of
-# UnicodeData.txt, as the Unicode::UCD module of the Perl that runs this knows it (Unicode 14 with Perl 5.36).
+# {first, last, stride, distance}. Folding is the simple lower-case mapping of the simple upper-case mapping in
+# UnicodeData.txt, in the version of Perl's Unicode::UCD module (Unicode 14 with Perl 5.36).
 #
 #     perl platform/make_letter_case_table.pl > platform/letter_case_table.inc
 use strict;

@@ -1,4 +1,4 @@
-// What the program remembers between runs: short texts under fixed keys.
+// Settings kept between runs: short texts under fixed keys.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@ class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
 
-    /// The text stored under `key`, or `defaultText` when the key was never written.
-    virtual std::u16string GetSetting(std::u16string_view key,
-                                      std::u16string_view defaultText = {}) const = 0;
-    /// Stores `value` at once. Fails when the store cannot be written.
+    /// The text stored under `key`, or `defaultText` if nothing was stored.
+    [[nodiscard]] virtual std::u16string GetSetting(std::u16string_view key,
+                                                    std::u16string_view defaultText = {}) const = 0;
+    /// Stores `value` at once. Fails if the store cannot be written.
     virtual void SaveSetting(std::u16string_view key, std::u16string_view value) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Windows-1252 by tables, UTF-8 by runs of ASCII and one character at a time between them.
+// Windows-1252 uses tables. UTF-8 is decoded in blocks of ASCII, and character by character between them.
 #include "platform/text_encoding.h"
 
 #include "platform/text.h"
@@ -12,7 +12,7 @@ namespace brindlewick {
 
 namespace {
 
-constexpr std::size_t firstSpecial = 0x80; // bytes 80 to 9F are those that are not their own code unit
+constexpr std::size_t firstSpecial = 0x80; // only bytes 80 to 9F differ from their code units
 constexpr std::array<char16_t, 32> specials = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -29,7 +29,7 @@ consteval std::array<char16_t, 256> makeTable() {
 }
 
 constexpr char16_t replacement = u'\uFFFD';
-constexpr char noByte = '?'; // of every unit that the set does not hold
+constexpr char noByte = '?'; // for every unit that Windows-1252 lacks
 
 using ByteTable = std::array<char, 65536>;
 
@@ -45,11 +45,11 @@ const ByteTable& byteTable() noexcept {
     return table;
 }
 
-/// How a UTF-8 sequence goes on after its first byte.
+/// What the first byte of a UTF-8 sequence says about the rest.
 struct Sequence {
     std::size_t continuationBytes;
-    unsigned char
-        secondFrom; ///< the second byte's range: it keeps out overlong forms, surrogates and too large values
+    /// The range of the second byte, which excludes overlong forms, surrogates and values above U+10FFFF.
+    unsigned char secondFrom;
     unsigned char secondTo;
     std::uint32_t firstBits;
 };
@@ -68,7 +68,7 @@ bool sequenceOf(unsigned char first, Sequence& sequence) {
     return true;
 }
 
-constexpr std::size_t blockLength = 16; // bytes that are looked at together
+constexpr std::size_t blockLength = 16; // bytes
 
 bool isAsciiBlock(const char* bytes) {
     std::uint64_t words[2];
@@ -76,15 +76,15 @@ bool isAsciiBlock(const char* bytes) {
     return ((words[0] | words[1]) & 0x8080808080808080U) == 0;
 }
 
-/// Copies the bytes of a block, each to its code unit.
+/// Copies each byte of a block to one code unit.
 void widenBlock(const char* bytes, char16_t* target) {
-    unsigned char block[blockLength]; // a copy, so that the compiler knows it is apart from the target
+    unsigned char block[blockLength]; // a copy, which cannot overlap the target
     std::memcpy(block, bytes, sizeof block);
     for (std::size_t at = 0; at < blockLength; ++at)
         target[at] = block[at];
 }
 
-/// Decodes ASCII up to the first other byte; gives its length.
+/// Decodes ASCII up to the first other byte; returns its length.
 std::size_t decodeAscii(std::string_view bytes, char16_t* target) {
     std::size_t at = 0;
     for (; at + blockLength <= bytes.size() && isAsciiBlock(bytes.data() + at); at += blockLength)
@@ -94,7 +94,8 @@ std::size_t decodeAscii(std::string_view bytes, char16_t* target) {
     return at;
 }
 
-/// Decodes one character or one maximal ill-formed subpart and moves `target` on; gives its length in bytes.
+/// Decodes one character or one maximal ill-formed subpart and advances `target`; returns the length in
+/// bytes.
 std::size_t decodeOne(std::string_view bytes, char16_t*& target) {
     Sequence sequence{};
     if (!sequenceOf(static_cast<unsigned char>(bytes[0]), sequence)) {
@@ -126,7 +127,7 @@ std::size_t decodeOne(std::string_view bytes, char16_t*& target) {
 
 constinit const std::array<char16_t, 256> windows1252ToUtf16 = makeTable();
 
-void decodeSingleByte(std::string_view bytes, char16_t* target) {
+void decodeWindows1252(std::string_view bytes, char16_t* target) {
     std::size_t at = 0;
     for (; at + blockLength <= bytes.size(); at += blockLength) {
         if (isAsciiBlock(bytes.data() + at)) {
@@ -140,20 +141,20 @@ void decodeSingleByte(std::string_view bytes, char16_t* target) {
         target[at] = windows1252ToUtf16[static_cast<unsigned char>(bytes[at])];
 }
 
-void appendFromSingleByte(std::string_view bytes, std::u16string& text) {
+void appendFromWindows1252(std::string_view bytes, std::u16string& text) {
     const std::size_t start = text.size();
     text.resize(start + bytes.size());
-    decodeSingleByte(bytes, text.data() + start);
+    decodeWindows1252(bytes, text.data() + start);
 }
 
-void appendAsSingleByte(std::u16string_view text, std::string& bytes) {
+void appendAsWindows1252(std::u16string_view text, std::string& bytes) {
     const std::size_t start = bytes.size();
     bytes.resize(start + text.size());
     std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(start),
                    [&table = byteTable()](char16_t unit) { return table[unit]; });
 }
 
-char singleByteOf(char16_t unit) noexcept {
+char windows1252Byte(char16_t unit) noexcept {
     return byteTable()[unit];
 }
 

@@ -1,4 +1,3 @@
-// Text is encoded straight into one buffer, which goes to the file whenever it is full.
 #include "platform/text_file_writer.h"
 
 #include "platform/files.h"
@@ -22,11 +21,11 @@ struct TextFileWriter::State {
     bool hasFailed = false;
 
     bool takesText() const { return file.has_value() && !hasFailed; }
-    /// Throws the first failure, after which nothing is written any more.
+    /// Writes the buffer to the file. After a failure, nothing is written any more.
     void flush() {
         if (!takesText())
             return;
-        hasFailed = true; // unless the write ends well
+        hasFailed = true; // until the write succeeds
         file->write(buffer);
         hasFailed = false;
         buffer.clear();
@@ -46,14 +45,14 @@ TextFileWriter::~TextFileWriter() {
     try {
         close();
     } catch (...) {
-        // Whoever wants to know has called close().
+        // Callers that need to know of the failure use close().
     }
 }
 
 void TextFileWriter::write(std::u16string_view text) {
     while (!text.empty() && state_->takesText()) {
         const std::u16string_view part = text.substr(0, bufferLength);
-        appendAsSingleByte(part, state_->buffer);
+        appendAsWindows1252(part, state_->buffer);
         text.remove_prefix(part.size());
         state_->flushIfFull();
     }
@@ -78,7 +77,7 @@ void TextFileWriter::writeLineEnd() {
 void TextFileWriter::close() {
     state_->flush();
     if (state_->takesText()) {
-        state_->hasFailed = true; // unless closing ends well
+        state_->hasFailed = true; // until closing succeeds
         state_->file->close();
         state_->hasFailed = false;
     }

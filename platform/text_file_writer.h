@@ -1,4 +1,4 @@
-// A buffered file of lines in the single-byte character set, ended by CR LF.
+// Writes a text file in Windows-1252 with CR LF line ends, through a buffer.
 #pragma once
 
 #include <memory>
@@ -9,19 +9,19 @@ namespace brindlewick {
 
 class TextFileWriter {
 public:
-    /// Creates the file, replacing one of that name. Fails as files.h says.
+    /// Creates the file, or empties an existing one. Fails as files.h says.
     explicit TextFileWriter(std::u16string_view path);
-    /// Closes the file; a failure to write what is still buffered is lost here, so call close() first.
+    /// Writes what is buffered and closes the file. A failure is lost here, so call close() first.
     ~TextFileWriter();
     TextFileWriter(const TextFileWriter&) = delete;
     TextFileWriter& operator=(const TextFileWriter&) = delete;
 
-    /// Appends text, and blanks, to the line being written. Nothing is kept beyond a fixed buffer. The first
-    /// failure to write (diskFull, deviceIoError) is thrown once; from then on every operation does nothing.
+    /// Appends text or blanks to the current line. The buffer does not grow with the text. The first failure
+    /// (diskFull, deviceIoError) is thrown once; after it, every operation does nothing.
     void write(std::u16string_view text);
     void writeBlanks(std::size_t count);
     void writeLineEnd();
-    /// Writes what is buffered and closes the file. Reports the first failure unless it was reported before.
+    /// Writes what is buffered and closes the file. Fails as write does.
     void close();
 
 private:

@@ -130,7 +130,7 @@ std::string makeInput(Random& random) {
 
 void runOn(std::string_view input) {
     std::u16string run;
-    appendFromSingleByte(input, run);
+    appendFromWindows1252(input, run);
     const DecimalReading reading = readDecimal(run);
     std::u16string text;
     if (!reading.failure)

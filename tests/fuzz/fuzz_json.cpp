@@ -245,7 +245,7 @@ std::string makeInput(Random& random) {
 
 void runOn(std::string_view input) {
     std::u16string singleByte;
-    appendFromSingleByte(input, singleByte);
+    appendFromWindows1252(input, singleByte);
     checkFragments(singleByte);
     checkFragments(singleByte + farEnd);
     if (singleByte.size() < 300) { // the whole is read again for every unit

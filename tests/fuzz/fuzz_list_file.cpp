@@ -17,7 +17,7 @@ using namespace std::string_view_literals;
 /// First cut into lines, where CR or CR LF ends one, then every line at its bare LFs.
 std::vector<std::u16string> entriesOf(std::string_view bytes) {
     std::u16string text;
-    appendFromSingleByte(bytes, text);
+    appendFromWindows1252(bytes, text);
     std::vector<std::u16string> entries;
     std::size_t at = 0;
     while (at < text.size()) {

@@ -116,7 +116,7 @@ void runOn(std::string_view input) {
     Texts tags;
     for (std::size_t tab = header.find('\t'); tab != header.npos; tab = header.find('\t', tab + 1)) {
         tags.emplace_back();
-        appendFromSingleByte(header.substr(tab + 1, header.find('\t', tab + 1) - tab - 1), tags.back());
+        appendFromWindows1252(header.substr(tab + 1, header.find('\t', tab + 1) - tab - 1), tags.back());
     }
     if (tags.empty())
         tags.push_back(u"name");

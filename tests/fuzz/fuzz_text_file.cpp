@@ -24,7 +24,7 @@ std::u16string wholeText(std::string_view bytes, bool& isOnePiece) {
             text.push_back(static_cast<char16_t>(static_cast<unsigned char>(bytes[at]) |
                                                  (static_cast<unsigned char>(bytes[at + 1]) << 8)));
     } else {
-        appendFromSingleByte(bytes, text);
+        appendFromWindows1252(bytes, text);
     }
     return text;
 }

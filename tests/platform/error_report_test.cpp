@@ -1,4 +1,3 @@
-// The one report of whatever ends a step, and the text of each failure.
 #include "platform/error_report.h"
 
 #include "platform/text.h"
@@ -15,7 +14,7 @@ namespace {
 
 using testing::FakeUser;
 
-TEST(Guard, ReportsWhateverEndsAStepAndGoesOn) {
+TEST(Guard, ReportsEveryExceptionWithItsText) {
     const auto failing = [](int number) {
         return [number] { throw Failure(static_cast<FailureNumber>(number)); };
     };
@@ -52,7 +51,7 @@ TEST(Guard, ReportsWhateverEndsAStepAndGoesOn) {
     }
 }
 
-TEST(Guard, KeepsInsideWhatTheReportItselfThrows) {
+TEST(Guard, CatchesWhatTheReportThrows) {
     struct : FakeUser {
         void showApplicationError(std::u16string_view) override { throw std::bad_alloc(); }
     } user;

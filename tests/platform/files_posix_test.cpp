@@ -19,7 +19,7 @@ using testing::shown;
 using testing::TemporaryFolder;
 using Shown = std::vector<std::string>;
 
-TEST(LinksAndPipes, AreLookedAtListedAndOpened) {
+TEST(LinksAndPipes, HaveAStatusAreListedAndOpened) {
     const TemporaryFolder folder;
     folder.write("file", "four");
     folder.write("folder/inside", "");
@@ -54,7 +54,7 @@ TEST(LinksAndPipes, AreLookedAtListedAndOpened) {
     EXPECT_EQ(failureOf([&] { InputFile file(folder.text("deadLink")); }), FailureNumber::fileNotFound);
 }
 
-TEST(ListFolder, LetsNamesOfAnyBytesBeOpened) {
+TEST(ListFolder, GivesNamesOfAnyBytesThatCanBeOpened) {
     const TemporaryFolder folder;
     const Shown names = {" ", "...", "A",  "a",        "a\nb",     "a\\b",
                          "B", "b",   "b.", "\xC3\x84", "\xC3\xA4", "\xFF"};
@@ -96,7 +96,7 @@ TEST(OutputFile, FailsWithDiskFull) {
 
 TEST(RefusedAccess, IsPermissionDenied) {
     if (::geteuid() == 0)
-        GTEST_SKIP() << "nothing is refused to root";
+        GTEST_SKIP() << "root may read everything";
     const TemporaryFolder folder;
     const std::u16string file = folder.write("closed/file", "");
     fs::permissions(folder.path() / "closed", fs::perms::none);

@@ -17,7 +17,7 @@ using testing::shown;
 using testing::Status;
 using Shown = std::vector<std::string>;
 
-/// One of everything that a path can name everywhere.
+/// One of each kind of file and folder that every system has.
 class Files : public ::testing::Test {
 protected:
     Files() {
@@ -32,7 +32,7 @@ protected:
     testing::TemporaryFolder folder;
 };
 
-TEST_F(Files, HaveOneStatusHoweverItIsAsked) {
+TEST_F(Files, HaveTheSameStatusInEveryOperation) {
     const Status cases[] = {
         {u"file", 32},
         {u".hidden", 34},
@@ -77,7 +77,7 @@ TEST(SortByName, OrdersWithoutCaseAndThenByCodeUnit) {
     }
 }
 
-TEST(ListFolder, OrdersNamesWithoutCaseAndLetsEachBeOpened) {
+TEST(ListFolder, OrdersNamesWithoutCaseAndEachCanBeOpened) {
     const testing::TemporaryFolder folder;
     const Shown names = {" a",
                          "...b",
@@ -98,7 +98,7 @@ TEST(ListFolder, OrdersNamesWithoutCaseAndLetsEachBeOpened) {
         EXPECT_EQ(testing::bytesOf(joinedPath(folder.text(), entry.name)), testing::nameBytes(entry.name));
 }
 
-TEST_F(Files, AreReadInPortionsAndReplacedByteForByte) {
+TEST_F(Files, AreReadInPartsAndReplacedByteForByte) {
     const std::string bytes("abc\r\n\x1A\0e", 8);
     {
         OutputFile file(folder.write("out", "something longer"));
@@ -109,15 +109,15 @@ TEST_F(Files, AreReadInPortionsAndReplacedByteForByte) {
     }
     InputFile file(text(u"out"));
     EXPECT_EQ(file.length(), 8U);
-    std::string portion(5, '\0');
-    EXPECT_EQ(file.read(portion), 5U);
-    EXPECT_EQ(portion, bytes.substr(0, 5));
-    EXPECT_EQ(file.read(portion), 3U);
-    EXPECT_EQ(portion.substr(0, 3), bytes.substr(5));
-    EXPECT_EQ(file.read(portion), 0U);
+    std::string part(5, '\0');
+    EXPECT_EQ(file.read(part), 5U);
+    EXPECT_EQ(part, bytes.substr(0, 5));
+    EXPECT_EQ(file.read(part), 3U);
+    EXPECT_EQ(part.substr(0, 3), bytes.substr(5));
+    EXPECT_EQ(file.read(part), 0U);
 }
 
-TEST_F(Files, ThatCannotBeOpenedFailAtOnce) {
+TEST_F(Files, FailToOpenWithTheirOwnFailures) {
     const std::pair<std::u16string, FailureNumber> cases[] = {
         {u"missing/file", FailureNumber::pathNotFound},
         {u"file/below", FailureNumber::pathNotFound},
@@ -130,11 +130,11 @@ TEST_F(Files, ThatCannotBeOpenedFailAtOnce) {
         EXPECT_EQ(failureOf([&] { OutputFile file(text(one.first)); }), one.second);
     }
     EXPECT_EQ(failureOf([&] { InputFile file(text(u"missing")); }), FailureNumber::fileNotFound);
-    const auto failure = failureOf([&] { OutputFile file(text(u"fixed")); }); // nothing is refused to root
+    const auto failure = failureOf([&] { OutputFile file(text(u"fixed")); }); // root may write it
     EXPECT_EQ(failure.value_or(FailureNumber::permissionDenied), FailureNumber::permissionDenied);
 }
 
-TEST(ProgramFolder, HoldsThisTest) {
+TEST(ProgramFolder, ContainsThisTest) {
     const std::vector<FolderEntry> entries = listFolder(programFolder());
     EXPECT_NE(programFolder().back(), pathSeparator);
     EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const FolderEntry& entry) {

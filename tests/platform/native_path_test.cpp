@@ -7,7 +7,7 @@
 namespace brindlewick {
 namespace {
 
-TEST(FileNamePart, FollowsTheLastSeparatorOfEitherKind) {
+TEST(FileNamePart, IsAfterTheLastSeparatorOfEitherKind) {
     const std::pair<std::u16string_view, std::u16string_view> cases[] = {
         {u"", u""},         {u"a.json", u"a.json"}, {u"/x\\a/b", u"b"},
         {u"/x/a\\b", u"b"}, {u"/x/", u""},          {u"C:a", u"C:a"},
@@ -24,7 +24,7 @@ TEST(JoinedPath, HasOneSeparatorBetweenFolderAndName) {
     EXPECT_EQ(withSeparator(joinedPath(u"a", u"")), u"a" + separator);
 }
 
-TEST(PathBytes, BecomeTextWithAnEscapeForEachByteThatIsNone) {
+TEST(PathBytes, BecomeTextWithAnEscapeForEachInvalidByte) {
     const std::pair<std::string, std::u16string> cases[] = {
         {"", u""},
         {"/a b/\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80", u"/a b/\u00E4\u20AC\U0001F600"},
@@ -43,14 +43,14 @@ TEST(PathBytes, BecomeTextWithAnEscapeForEachByteThatIsNone) {
     }
 }
 
-TEST(PathBytes, ReplaceSurrogatesThatAreNoEscapes) {
+TEST(PathBytes, ReplaceSurrogatesThatAreNotEscapes) {
     EXPECT_EQ(pathBytes(std::u16string{0xD800, u'/', 0xDC7F, u'/', 0xDD00, u'/', 0xD800, u'a', 0xDC80}),
               "\xEF\xBF\xBD/\xEF\xBF\xBD/\xEF\xBF\xBD/\xEF\xBF\xBD"
               "a\x80");
 }
 
-TEST(PathBytes, OfEveryKindComeBack) {
-    // Lead, continuation and edge bytes stand often enough to meet in every order.
+TEST(PathBytes, AreTheSameAfterARoundTrip) {
+    // Half of the bytes are at the edges of UTF-8 ranges, so that they occur in every order.
     constexpr std::string_view edges = "\x7F\x80\x82\x8F\x90\x9F\xA0\xBF\xC1\xC2\xE0\xED\xEF\xF0\xF4\xF5\xFF";
     std::mt19937 random(20210831);
     for (int round = 0; round < 100000; ++round) {

@@ -23,14 +23,14 @@ TEST(Utf8, IsReadAndWritten) {
               "a\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD");
 }
 
-TEST(SingleByte, KeepsEveryByteBothWays) {
+TEST(Windows1252, KeepsEveryByteBothWays) {
     std::string all;
-    for (int byte = 0; byte <= 256 + 0x80; ++byte) // no whole number of blocks
+    for (int byte = 0; byte <= 256 + 0x80; ++byte) // not a whole number of blocks
         all.push_back(static_cast<char>(byte));
     std::u16string text = u"kept";
-    appendFromSingleByte(all, text);
+    appendFromWindows1252(all, text);
     std::string bytes = "kept";
-    appendAsSingleByte(std::u16string_view(text).substr(4), bytes);
+    appendAsWindows1252(std::u16string_view(text).substr(4), bytes);
     EXPECT_EQ(bytes, "kept" + all);
     EXPECT_EQ(text.substr(4 + 0x80, 32),
               u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152"
@@ -39,7 +39,7 @@ TEST(SingleByte, KeepsEveryByteBothWays) {
     for (unsigned unit = 0; unit < 0x10000; ++unit) {
         const auto one = static_cast<char16_t>(unit);
         const std::size_t byte = text.find(one, 4);
-        ASSERT_EQ(singleByteOf(one), byte == text.npos ? '?' : static_cast<char>(byte - 4)) << unit;
+        ASSERT_EQ(windows1252Byte(one), byte == text.npos ? '?' : static_cast<char>(byte - 4)) << unit;
     }
 }
 

@@ -11,7 +11,7 @@ namespace {
 using testing::failureOf;
 using testing::TemporaryFolder;
 
-TEST(TextFileWriter, ReplacesTheFileAndDoesNothingOnceClosed) {
+TEST(TextFileWriter, ReplacesTheFileAndDoesNothingAfterClose) {
     const TemporaryFolder folder;
     TextFileWriter file(folder.write("out.txt", std::string(100, 'x')));
     file.write(u"Filename");
@@ -26,7 +26,7 @@ TEST(TextFileWriter, ReplacesTheFileAndDoesNothingOnceClosed) {
     EXPECT_EQ(folder.read("out.txt"), "Filename   \t\x80\xE4???\r\n");
 }
 
-TEST(TextFileWriter, WritesMoreThanItsBufferHoldsInOrder) {
+TEST(TextFileWriter, WritesMoreThanItsBufferInOrder) {
     const TemporaryFolder folder;
     std::string expected;
     {
@@ -40,11 +40,11 @@ TEST(TextFileWriter, WritesMoreThanItsBufferHoldsInOrder) {
         file.write(std::u16string(3'000'001, u'\u00E9'));
         file.writeBlanks(3'000'001);
         expected += std::string(3'000'001, '\xE9') + std::string(3'000'001, ' ');
-    } // closed by its end alone
+    } // closed by the destructor
     EXPECT_TRUE(folder.read("out.txt") == expected);
 }
 
-TEST(FullDisk, IsReportedOnceByWhatMeetsItFirst) {
+TEST(FullDisk, IsReportedOnceByTheFirstOperationThatFails) {
     if (!std::filesystem::exists("/dev/full"))
         GTEST_SKIP() << "no device that is always full";
     for (const std::size_t length : {1u, 5'000'000u}) {
@@ -58,7 +58,7 @@ TEST(FullDisk, IsReportedOnceByWhatMeetsItFirst) {
         EXPECT_EQ(failureOf(close),
                   isKeptInTheBuffer ? std::optional(FailureNumber::diskFull) : std::nullopt);
         EXPECT_EQ(failureOf(close), std::nullopt);
-        EXPECT_NO_THROW(TextFileWriter(u"/dev/full").write(u"x")); // closed by its end
+        EXPECT_NO_THROW(TextFileWriter(u"/dev/full").write(u"x")); // closed by the destructor
     }
 }
 
