@@ -63,7 +63,7 @@ std::optional<QByteArray> readSettings() {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw Failure(FailureNumber::permissionDenied);
-    if (static_cast<std::uint64_t>(file.size()) > longestText)
+    if (static_cast<std::uint64_t>(file.size()) > maxTextLength)
         throw Failure(FailureNumber::outOfMemory);
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)

@@ -53,7 +53,7 @@ std::u16string JsonParser::parserErrors() const {
     std::u16string lines;
     for (const Problem& problem : builder_.problems()) {
         lines += errorLine(problem) + u"\r\n";
-        if (lines.size() > longestText)
+        if (lines.size() > maxTextLength)
             throw Failure(FailureNumber::outOfMemory);
     }
     return lines;

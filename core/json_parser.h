@@ -98,7 +98,7 @@ public:
 
     /// What was wrong in the fragment read last, each problem a line ended by CR LF, or u"Invalid JSON"
     /// without one. Built on demand, since a line may quote the whole rest of the text. Fails with
-    /// outOfMemory when it would be longer than `longestText`.
+    /// outOfMemory when it would be longer than `maxTextLength`.
     [[nodiscard]] std::u16string parserErrors() const;
 
 private:

@@ -40,7 +40,7 @@ void appendEncoded(std::u16string_view text, cStringBuilder& line) {
         line.Append(text.substr(runStart, at - runStart));
         for (; at < text.size() && !isWrittenAsItIs(text[at]); ++at)
             appendEscaped(text[at], line);
-        if (static_cast<std::size_t>(line.Length()) > longestText)
+        if (static_cast<std::size_t>(line.Length()) > maxTextLength)
             throw Failure(FailureNumber::outOfMemory);
     }
 }
@@ -116,7 +116,7 @@ std::u16string withCommasBetween(std::u16string_view units) {
 std::u16string serialize(const JsonValue& value) {
     cStringBuilder line;
     std::visit(Serialiser{line}, value);
-    if (static_cast<std::size_t>(line.Length()) > longestText)
+    if (static_cast<std::size_t>(line.Length()) > maxTextLength)
         throw Failure(FailureNumber::outOfMemory);
     return line.toString();
 }

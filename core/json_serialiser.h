@@ -14,7 +14,7 @@ class cStringBuilder;
 
 /// The value on one line: no blanks between its parts, members in order of insertion, keys as they stand,
 /// string values in printable ASCII, numbers in plain positional form with "." as the decimal separator.
-/// An empty value is written as nothing. Fails with outOfMemory for a line longer than `longestText`.
+/// An empty value is written as nothing. Fails with outOfMemory for a line longer than `maxTextLength`.
 std::u16string serialize(const JsonValue& value);
 
 /// The text as it stands between the quotes: `"` `\` `/` and the five short control characters after a

@@ -15,7 +15,7 @@ namespace brindlewick {
 /// Why a batch of lines ended.
 enum class BatchEnd {
     full,     ///< it is long enough; the piece may have more
-    tooLong,  ///< the next fragment's line would be longer than `longestText`; it is passed over
+    tooLong,  ///< the next fragment's line would be longer than `maxTextLength`; it is passed over
     pieceEnd, ///< the piece has no more
 };
 
@@ -24,7 +24,7 @@ enum class BatchEnd {
 /// once.
 class LineBatchReader {
 public:
-    LineBatchReader() : window_(longestText) {}
+    LineBatchReader() : window_(maxTextLength) {}
 
     /// Has `pause` called now and then while a very long fragment is read, and while the file's bytes are
     /// long in coming.

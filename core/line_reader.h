@@ -25,7 +25,7 @@ enum class FragmentReading {
 class LineReader {
 public:
     /// Lines longer than `maxLineLength` code units are not given.
-    explicit LineReader(std::size_t maxLineLength = longestText);
+    explicit LineReader(std::size_t maxLineLength = maxTextLength);
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 

@@ -59,12 +59,12 @@ TextFileReader::TextFileReader() : bytes_(std::make_unique_for_overwrite<char[]>
 bool TextFileReader::open(std::u16string_view path) {
     const bool hasBytes = start(path);
     // No character has more bytes than three a code unit, none fewer than one. What lies between is counted.
-    if (!mark_.isUtf8 || file_->length() <= longestText)
+    if (!mark_.isUtf8 || file_->length() <= maxTextLength)
         return hasBytes;
-    if (file_->length() > 3 * (longestText + 1))
+    if (file_->length() > 3 * (maxTextLength + 1))
         throw Failure(FailureNumber::outOfMemory);
     nextPiece();
-    for (UnitBuffer text(longestText); readMore(text); text.cutTo(0))
+    for (UnitBuffer text(maxTextLength); readMore(text); text.cutTo(0))
         if (pause_)
             pause_();
     return start(path);
@@ -122,7 +122,7 @@ void TextFileReader::ReadUtf8Stream(UnitBuffer& text) {
     text.advance(units);
     begin_ += bytes.size();
     pieceUnits_ += units;
-    if (pieceUnits_ > longestText)
+    if (pieceUnits_ > maxTextLength)
         throw Failure(FailureNumber::outOfMemory);
     isPieceComplete_ = isLast;
 }
@@ -157,7 +157,7 @@ std::vector<std::u16string> ReadFileToPieces(std::u16string_view path) {
     TextFileReader reader;
     reader.open(path);
     std::vector<std::u16string> pieces;
-    for (UnitBuffer text(longestText); reader.nextPiece(); text.cutTo(0)) {
+    for (UnitBuffer text(maxTextLength); reader.nextPiece(); text.cutTo(0)) {
         while (reader.readMore(text)) {
         }
         pieces.emplace_back(text.view());

@@ -51,7 +51,7 @@ public:
     bool nextPiece();
     /// Appends the piece's next stretch to `text`, at most pieceLength code units; false, with nothing
     /// appended, when there is none left. Fails with deviceIoError when reading does, with outOfMemory when
-    /// the piece has become longer than `longestText` since the file was opened.
+    /// the piece has become longer than `maxTextLength` since the file was opened.
     bool readMore(UnitBuffer& text);
     /// True when readMore has nothing more to append.
     bool isPieceComplete() const noexcept { return isPieceComplete_; }

@@ -137,7 +137,7 @@ void FragmentWalker::walkOtherElement(std::u16string_view element) {
 
 /// Every level opened writes the name, so the length is checked before: it may grow as the element's square.
 void FragmentWalker::openLevels(std::u16string_view name, std::size_t count) {
-    if (count > (longestText - keyText_.size()) / (name.size() + 1))
+    if (count > (maxTextLength - keyText_.size()) / (name.size() + 1))
         throw Failure(FailureNumber::outOfMemory);
     for (; count > 0; --count) {
         keyText_.append(name);
@@ -159,7 +159,7 @@ void FragmentWalker::addParts(std::u16string_view element) {
 
 void FragmentWalker::finishValuePiece() {
     valueText_.push_back(separator);
-    if (valueText_.size() > longestText)
+    if (valueText_.size() > maxTextLength)
         throw Failure(FailureNumber::outOfMemory);
 }
 

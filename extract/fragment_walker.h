@@ -23,7 +23,7 @@ void appendLooseValueCleaning(std::u16string_view text,
 class FragmentWalker {
 public:
     /// Adds what the line holds to the key text and the value text. Fails with outOfMemory as soon as either
-    /// would become longer than `longestText`; what was added before stays. Linear in the line and the text
+    /// would become longer than `maxTextLength`; what was added before stays. Linear in the line and the text
     /// added.
     void walk(std::u16string_view line);
     /// Empties both texts; arraySeen stays.

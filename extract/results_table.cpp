@@ -86,7 +86,7 @@ void ResultsTable::beginFile(std::u16string_view path) {
 }
 
 ResultsTable::Text ResultsTable::store(std::u16string_view text) {
-    if (text.size() > longestText)
+    if (text.size() > maxTextLength)
         throw Failure(FailureNumber::outOfMemory);
     Text stored;
     stored.length_ = static_cast<std::uint32_t>(text.size());

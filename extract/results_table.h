@@ -57,7 +57,7 @@ public:
 
     /// Sets the file path of the rows that are appended from now on.
     void beginFile(std::u16string_view path);
-    /// Stores a text for any number of rows. Fails with outOfMemory when it is longer than `longestText`.
+    /// Stores a text for any number of rows. Fails with outOfMemory when it is longer than `maxTextLength`.
     [[nodiscard]] Text store(std::u16string_view text);
     /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second
     /// the text; without it, the first cell is the text and a second column stays empty.

@@ -42,7 +42,7 @@ private:
     void extendEntry(std::string_view bytes) {
         if (bytes.empty())
             return;
-        if (bytes.size() > longestText - entry_.size())
+        if (bytes.size() > maxTextLength - entry_.size())
             throw Failure(FailureNumber::outOfMemory);
         appendFromWindows1252(bytes, entry_);
         lineHasBegun_ = true;
@@ -59,7 +59,7 @@ private:
     }
 
     TextList& list_;
-    std::u16string entry_;      ///< at most longestText
+    std::u16string entry_;      ///< at most maxTextLength
     bool lineHasBegun_ = false; ///< there was a byte, or a LF alone, after the last line end
     bool afterReturn_ = false;  ///< the last byte was a CR, so a LF now is part of its line end
 };

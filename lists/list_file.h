@@ -13,7 +13,7 @@ namespace brindlewick {
 /// at the end of the file leaves an empty entry; a CR or CR LF there does not.
 ///
 /// For a missing file it shows "File not found" and appends nothing. Fails as files.h describes, and with
-/// outOfMemory for an entry longer than `longestText`; what was appended before stays. Linear in the file's
+/// outOfMemory for an entry longer than `maxTextLength`; what was appended before stays. Linear in the file's
 /// length; needs memory for one entry beyond the list.
 void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list);
 

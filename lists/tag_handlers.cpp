@@ -67,7 +67,7 @@ std::u16string tagsToSetting(const TextList& tags) {
         throw Failure(FailureNumber::overflow);
     std::u16string setting;
     for (const std::u16string& tag : tags) {
-        if (tag.size() + tagSeparator.size() > longestText - setting.size())
+        if (tag.size() + tagSeparator.size() > maxTextLength - setting.size())
             throw Failure(FailureNumber::outOfMemory);
         setting += tag;
         setting += tagSeparator;

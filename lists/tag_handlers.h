@@ -29,7 +29,7 @@ private:
 };
 
 /// The tags, each followed by "||MySeparator12||". Fails with overflow for more than 32,767 tags, since rows
-/// are counted in a signed 16-bit number, and with outOfMemory for a text longer than `longestText`.
+/// are counted in a signed 16-bit number, and with outOfMemory for a text longer than `maxTextLength`.
 [[nodiscard]] std::u16string tagsToSetting(const TextList& tags);
 /// Appends the non-empty pieces between the separators, unchanged. Fails with overflow after the first 32,768
 /// pieces when there are more.

@@ -35,7 +35,7 @@ std::size_t textLength(UserInterface& user, const ListviewTable& table,
     for (std::size_t row = 0; row < table.rowCount(); ++row) {
         if (table.isChecked(row))
             length += fixedLength + withoutBlanksAtEnd(table.cell(row, widths.size())).size();
-        if (length > longestText)
+        if (length > maxTextLength)
             throw Failure(FailureNumber::outOfMemory);
         user.yield();
     }
@@ -92,7 +92,7 @@ void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::s
             for (std::size_t column = 0; column < table.columnCount(); ++column)
                 text.append(column > 0 ? u"\t" : u"").append(table.cell(row, column));
             text += lineEnd;
-            if (text.size() > longestText)
+            if (text.size() > maxTextLength)
                 throw Failure(FailureNumber::outOfMemory);
         }
     }

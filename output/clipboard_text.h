@@ -19,7 +19,7 @@ struct ClipboardText {
 /// blanks to the longest text of its column in all rows (UTF-16 code units) and followed by a tab. The last
 /// cell loses the blanks at its end; the tab before it stays even when the cell is empty.
 ///
-/// Fails with outOfMemory, before anything is built, when the text would be longer than `longestText`.
+/// Fails with outOfMemory, before anything is built, when the text would be longer than `maxTextLength`.
 /// Yields once per row in each of its passes. Linear in the text; the text is allocated once.
 [[nodiscard]] ClipboardText clipboardText(UserInterface& user, const ListviewTable& table);
 
@@ -34,8 +34,8 @@ struct RowRange {
 };
 
 /// Puts the rows on the clipboard, checked or not: a tab between two cells, CR LF after every row. No rows
-/// leave the clipboard as it is. Fails with outOfMemory when the text becomes longer than `longestText`, and
-/// as `UserInterface::setClipboardText` does.
+/// leave the clipboard as it is. Fails with outOfMemory when the text becomes longer than `maxTextLength`,
+/// and as `UserInterface::setClipboardText` does.
 void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::span<const RowRange> ranges);
 
 } // namespace brindlewick

@@ -29,7 +29,7 @@ enum class FailureNumber : std::int32_t {
 
 /// The limit, in UTF-16 code units, of each text that the program builds: a file's text, a line, a row.
 /// Building a longer one fails with outOfMemory.
-inline constexpr std::size_t longestText = std::size_t{1} << 30;
+inline constexpr std::size_t maxTextLength = std::size_t{1} << 30;
 
 /// Thrown by every operation that documents a failure.
 class Failure : public std::exception {
