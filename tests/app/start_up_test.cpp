@@ -178,7 +178,8 @@ TEST_F(StartUp, ASkinIsAppliedWholeOrReportedAndLeft) {
         open();
         const QWidget* const label = window->controls().Label1;
         EXPECT_EQ(label->palette().color(QPalette::WindowText) == Qt::red, isApplied);
-        EXPECT_TRUE(label->autoFillBackground()) << "with the colour of button faces";
+        for (const char* name : {"Option4", "Check1", "Frame2", "Label1"}) // have the colour of button faces
+            EXPECT_TRUE(window->findChild<QWidget*>(name)->autoFillBackground()) << name;
         EXPECT_LT(window->minimumSizeHint().width(), 1000);
         EXPECT_EQ(person.shown(),
                   isApplied ? Texts{}

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
+#include <QProgressBar>
 #include <QPushButton>
 #include <fstream>
 #include <sstream>
@@ -168,7 +169,7 @@ TEST_F(Stories, HugeTextsStayReadableAndAskable) {
     open();
     fill({}, {std::u16string(600, u'W') + u"\r\nx"});
     EXPECT_EQ(rows(tags()).front().substr(0, 600), std::string(500, 'W') + "\u2026");
-    const std::string name = "saved/" + std::string(120, 'y'); // too long a word for a message box
+    const std::string name = "saved/" + std::string(200, 'W'); // too long a word for a message box
     for (const char* answer : {"Yes", "No", "Escape"}) {
         folder.write(name, "old");
         person.answers = {path(name.c_str()), answer};
@@ -199,6 +200,10 @@ TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
         window->show();
         SettingsFile().SaveSetting(u"Tags", u"");
         const auto disturb = [&] {
+            if (button == operations[0].button) {
+                EXPECT_EQ(status(), "Extracting: file 1 of 1, 0 rows");
+                EXPECT_TRUE(window->findChild<QProgressBar*>()->isVisible());
+            }
             EXPECT_THAT(person.answers, IsEmpty());
             (void)person.shown();
             for (auto* other : window->findChildren<QPushButton*>())
@@ -220,6 +225,7 @@ TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
         EXPECT_EQ(rows(files()).size(), button == operations[4].button ? 2U : 1U) << button;
         EXPECT_EQ(rows(tags()).size(), 1U) << button;
         EXPECT_FALSE(window->isVisible()) << button;
+        EXPECT_TRUE(window->findChild<QProgressBar*>()->isHidden()) << button;
         (void)person.shown();
     }
 }

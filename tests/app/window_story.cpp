@@ -69,6 +69,9 @@ void ScriptedPerson::note(const QDialog& dialog, const QStringList& buttons) {
         line += ": " + input->labelText() + " =" + input->textValue();
     } else if (const auto* const box = qobject_cast<const QMessageBox*>(&dialog)) {
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        const auto* const label = box->findChild<QLabel*>("qt_msgbox_label");
+        for (const QString& word : box->text().split(QRegularExpression("\\s")))
+            EXPECT_LE(label->fontMetrics().horizontalAdvance(word), label->width()) << "cut off";
         line += (box->icon() == QMessageBox::Warning ? " (!): " : ": ") + box->text();
         line += " [" + buttons.join(u',') + "]";
     } else if (const auto* const scrolling = dialog.findChild<QPlainTextEdit*>()) {
