@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the program's pictures from their SVG sources: icons, hand pointer, drag pointer, splash.
+"""Draws the program's pictures from their SVG sources: icons, hand pointer, drag pointer, splash,
+the ticks of the skins.
 
 Run it after a change to a source; it needs Python alone. It supports the part of SVG that the sources use:
 paths of absolute M, L, C and Z, solid or vertical-gradient fills, strokes (always with round ends), groups.
@@ -14,6 +15,8 @@ HERE = pathlib.Path(__file__).resolve().parent
 ICON_SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 WINDOWS_SIZES = (16, 24, 32, 48, 64, 256)
 HAND_TIP = (11, 2)  # pixels; the hot spot
+TICKS = {"harbour": "#16283a", "paper": "#2a2114"}  # each skin's
+TICK_SIZE = 64      # pixels; skins shrink it to the size of their type
 SUB_ROWS = 8        # scan lines per pixel row; within a scan line coverage is exact
 
 
@@ -188,6 +191,9 @@ def main():
     write("icons/brindlewick.ico", icon([icons[size] for size in WINDOWS_SIZES]))
     write("HAND-M.CUR", icon([render(HERE / "drawings/hand.svg")], HAND_TIP))
     write("drag.ico", icon([render(HERE / "drawings/drag.svg")]))
+    tick = render(HERE / "drawings/tick.svg", TICK_SIZE)
+    for skin, ink in TICKS.items():
+        write(f"skins/{skin}-tick.png", png([[(*colour(ink), pixel[3]) for pixel in row] for row in tick]))
     write("Splash/Brindlewick.png", png(render(HERE / "drawings/splash.svg")))
 
 
