@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSinglePointEvent>
@@ -130,15 +129,14 @@ void ApplySkin(QWidget& window, std::u16string_view programFolder) {
     }
 }
 
-std::optional<QCursor> loadHandPointer(std::u16string_view programFolder) {
+std::optional<QCursor> loadHandPointer(std::u16string_view programFolder, qreal scale) {
     const std::u16string path = joinedPath(programFolder, u"HAND-M.CUR");
     if (!FileExistsByOpen(path))
         return std::nullopt;
     const QByteArray bytes = readSmallFile(path, maxPointerSize);
     if (static_cast<std::size_t>(bytes.size()) > maxPointerSize)
         throw Failure(FailureNumber::invalidPicture);
-    const CursorPicture cursor = cursorPictureFromBytes(bytes);
-    return QCursor(QPixmap::fromImage(cursor.image), cursor.hotSpot.x(), cursor.hotSpot.y());
+    return scaledCursor(cursorPictureFromBytes(bytes), scale);
 }
 
 HoverPointer::HoverPointer(QWidget& window, UserInterface& user) : window_(window), user_(user) {

@@ -4,6 +4,8 @@
 #include "app/small_file.h"
 #include "platform/failure.h"
 
+#include <QGuiApplication>
+#include <QPixmap>
 #include <cstdint>
 
 namespace brindlewick {
@@ -75,6 +77,15 @@ CursorPicture cursorPictureFromBytes(const QByteArray& bytes) {
                             static_cast<int>(littleEndian(bytes, entry + 6, 2)));
     require(cursor.image.rect().contains(cursor.hotSpot));
     return cursor;
+}
+
+QCursor scaledCursor(const CursorPicture& picture, qreal scale) {
+    // The X server's pointers are in device pixels; Qt scales those of the other systems itself.
+    const qreal factor = QGuiApplication::platformName() == QStringLiteral("xcb") ? scale : 1;
+    const QImage image =
+        picture.image.scaled(picture.image.size() * factor, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QPoint hotSpot = (QPointF(picture.hotSpot) * factor).toPoint();
+    return QCursor(QPixmap::fromImage(image), hotSpot.x(), hotSpot.y());
 }
 
 } // namespace brindlewick

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCursor>
 #include <QImage>
 #include <QPoint>
 
@@ -16,5 +17,8 @@ struct CursorPicture {
 /// invalidPicture if the bytes are not a CUR file. The format is Microsoft's ICONDIR of type 2; its entries
 /// have the hot spot in place of an icon's planes and bit count.
 [[nodiscard]] CursorPicture cursorPictureFromBytes(const QByteArray& bytes);
+
+/// The pointer, as large on a screen of `scale` device pixels per unit as the picture is at 1.
+[[nodiscard]] QCursor scaledCursor(const CursorPicture& picture, qreal scale);
 
 } // namespace brindlewick

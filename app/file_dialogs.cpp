@@ -7,7 +7,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QScreen>
+#include <QSplitter>
+#include <QTreeView>
 #include <algorithm>
+#include <utility>
 
 namespace brindlewick {
 
@@ -30,6 +35,23 @@ qsizetype sharedFolderLength(const QStringList& paths) {
     return length;
 }
 
+/// Makes room for the names. Native dialogs have sizes of their own.
+void makeRoom(QFileDialog& dialog) {
+    const QFontMetrics metrics = dialog.fontMetrics();
+    const int character = metrics.averageCharWidth();
+    dialog.resize(
+        QSize(130 * character, 34 * metrics.height()).boundedTo(dialog.screen()->availableSize() * 0.85));
+    if (auto* const panes = dialog.findChild<QSplitter*>(QStringLiteral("splitter")))
+        panes->setSizes({18 * character, 112 * character});
+    auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (details == nullptr)
+        return;
+    for (const auto& [column, characters] : {std::pair(1, 10), {2, 10}, {3, 22}}) // size, type, date
+        details->setColumnWidth(column, characters * character);
+    details->header()->setStretchLastSection(false);
+    details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
     dialog.setWindowTitle(toQString(wanted.title));
     // The captions already show the patterns.
@@ -37,6 +59,7 @@ bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
     dialog.setNameFilters(nameFilters(wanted.filter));
     if (!folder.isEmpty())
         dialog.setDirectory(folder);
+    makeRoom(dialog);
     return dialog.exec() == QDialog::Accepted;
 }
 
@@ -96,6 +119,7 @@ QString runFolderDialog(QWidget& parent, const QString& prompt, const QString& s
     folders.setOption(QFileDialog::ShowDirsOnly);
     if (!startFolder.isEmpty() && QFileInfo(startFolder).isDir())
         folders.setDirectory(startFolder);
+    makeRoom(folders);
     if (folders.exec() != QDialog::Accepted || folders.selectedFiles().isEmpty())
         return {};
     return QDir::toNativeSeparators(folders.selectedFiles().front());

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -47,6 +48,17 @@ bool fitsBox(const QString& lines) {
     return true;
 }
 
+/// Removes the room that a box without an icon keeps on the left of its text.
+void closeIconGap(QMessageBox& box) {
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    QLayoutItem* const gap = grid ? grid->itemAtPosition(0, 0) : nullptr;
+    if (gap == nullptr || gap->spacerItem() == nullptr)
+        return;
+    gap->spacerItem()->changeSize(0, 0);
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label")))
+        label->setIndent(0);
+}
+
 bool showBox(QWidget& parent, const QString& title, const QString& lines, MessageKind kind) {
     QMessageBox box(&parent);
     box.setWindowTitle(title);
@@ -67,6 +79,8 @@ bool showBox(QWidget& parent, const QString& title, const QString& lines, Messag
         const int titleWidth = box.fontMetrics().horizontalAdvance(title) + 130;
         label->setMinimumWidth(std::max(titleWidth, std::min(label->sizeHint().width(), maxTextWidth)));
     }
+    if (kind != MessageKind::warning)
+        closeIconGap(box);
     const int answer = box.exec();
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }

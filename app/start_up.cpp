@@ -1,5 +1,6 @@
 // What the main window does when it opens and when it closes. The order of the steps matters.
 
+#include "app/cursor_picture.h"
 #include "app/main_window.h"
 #include "app/qt_text.h"
 #include "platform/error_report.h"
@@ -7,7 +8,7 @@
 
 #include <QCoreApplication>
 #include <QIcon>
-#include <QPixmap>
+#include <QImage>
 
 namespace brindlewick {
 
@@ -15,7 +16,7 @@ void Form1::Form_Load() {
     const Guard guard(user_, u"Form1.Form_Load");
     guard([&] { ApplySkin(*this, programFolder_); });
     guard([&] {
-        if (const std::optional<QCursor> hand = loadHandPointer(programFolder_))
+        if (const std::optional<QCursor> hand = loadHandPointer(programFolder_, devicePixelRatioF()))
             user_.setHandPointer(*hand);
     });
     const auto recordSamples = [&] {
@@ -34,8 +35,9 @@ void Form1::Form_Load() {
         inputModel_.setCaption(QStringLiteral("JSON File(s)"));
         controls_.ListView1->setColumnWidthInTwips(0, 7000);
         const std::u16string dragPicture = joinedPath(programFolder_, u"drag.ico");
-        if (const QPixmap picture(toQString(dragPicture)); !picture.isNull())
-            controls_.ListView1->setDragPointer(QCursor(picture));
+        if (const QImage picture(toQString(dragPicture)); !picture.isNull())
+            controls_.ListView1->setDragPointer(
+                scaledCursor({picture, picture.rect().center()}, devicePixelRatioF()));
     });
     guard([&] { controls_.Check1->setChecked(flagFromSetting(settings_.GetSetting(u"Check1", u"0")) == 1); });
     guard([&] { results_.setColumns(controls_.Check1->isChecked()); });

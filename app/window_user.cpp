@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -117,7 +118,8 @@ std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_vi
     if (QLabel* label = dialog.findChild<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     dialog.setTextValue(toQString(proposedAnswer));
-    dialog.setMinimumWidth(answerWidth * dialog.fontMetrics().averageCharWidth());
+    if (auto* const field = dialog.findChild<QLineEdit*>())
+        field->setMinimumWidth(answerWidth * field->fontMetrics().averageCharWidth());
     return dialog.exec() == QDialog::Accepted ? fromQString(dialog.textValue()) : std::u16string();
 }
 
