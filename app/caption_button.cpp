@@ -1,5 +1,6 @@
 #include "app/caption_button.h"
 
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
 
@@ -38,6 +39,19 @@ void CaptionButton::initStyleOption(QStyleOptionButton* option) const {
     QPushButton::initStyleOption(option);
     if (option->text.isEmpty())
         option->text = sign_;
+}
+
+void CaptionButton::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    if (picture_ == CaptionPicture::none)
+        return;
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QRect contents = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    QRect line = style()->itemTextRect(fontMetrics(), contents, Qt::AlignCenter, isEnabled(), text());
+    line.setHeight(fontMetrics().height());
+    QPainter painter(this);
+    paintCaptionPicture(painter, picture_, line, option.palette.buttonText().color());
 }
 
 } // namespace brindlewick

@@ -1,10 +1,11 @@
 #include "app/controls.h"
 
+#include "app/lists_splitter.h"
+#include "app/matched_size.h"
 #include "app/qt_text.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QSplitter>
 #include <QStyle>
 #include <QVBoxLayout>
 #include <vector>
@@ -16,6 +17,7 @@ namespace {
 constexpr const char* inputHint = "Drag and drop files here. Double-click item to remove it. Move | line to "
                                   "right and out of window to reveal full names.";
 constexpr const char* listHint = "Move | line to right and out of window to reveal full names.";
+constexpr int minStartWidth = 120; // pixels
 
 template <class Control>
 Control* named(Control* control, const char* name) {
@@ -37,31 +39,38 @@ PerMode<QRadioButton*> makeOptions() {
     return options;
 }
 
-/// The list with its buttons in a column on its right. `label` goes above the list; nullptr for none.
-QWidget* listWithButtons(QWidget* label, QWidget* list, std::initializer_list<QPushButton*> buttons) {
-    auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
+using Group = Matched<QGroupBox, Qt::Vertical>;
+using Column = Matched<QWidget, Qt::Horizontal>;
+
+Column* columnOf(std::initializer_list<QWidget*> controls) {
+    auto* const column = new Column;
+    auto* const box = new QVBoxLayout(column);
+    box->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* control : controls)
+        box->addWidget(control);
+    box->addStretch(1);
+    return column;
+}
+
+/// The list with the column on its right and the group under both.
+QWidget* listAboveGroup(QWidget* list, Column* column, QGroupBox* group) {
+    auto* const area = new QWidget;
+    auto* const grid = new QGridLayout(area);
     grid->setContentsMargins(0, 0, 0, 0);
-    int row = 0;
-    if (label != nullptr)
-        grid->addWidget(label, row++, 0, 1, 2);
-    grid->addWidget(list, row, 0);
-    auto* column = new QVBoxLayout;
-    for (QPushButton* button : buttons)
-        column->addWidget(button);
-    column->addStretch(1);
-    grid->addLayout(column, row, 1);
+    grid->addWidget(list, 0, 0);
+    grid->addWidget(column, 0, 1);
+    grid->addWidget(group, 1, 0, 1, 2);
     grid->setColumnStretch(0, 1);
-    grid->setRowStretch(row, 1);
-    return panel;
+    grid->setRowStretch(0, 1);
+    return area;
 }
 
 } // namespace
 
 Controls::Controls(TextList& inputFiles, ResultsModel& results)
-    : Frame1(captioned<QGroupBox>("Frame1", "Extract Options")), Options(makeOptions()),
+    : Frame1(captioned<Group>("Frame1", "Extract Options")), Options(makeOptions()),
       PushButton15(captioned<CaptionButton>("PushButton15", "")),
-      Frame2(captioned<QGroupBox>("Frame2", "Include Option")),
+      Frame2(captioned<Group>("Frame2", "Include Option")),
       Check1(captioned<QCheckBox>("Check1", "Include filename in extraction results")),
       PushButton2(captioned<CaptionButton>("PushButton2", "Help")),
       ListView1(named(new InputListView(inputFiles), "ListView1")), Text1x(named(new QLineEdit, "Text1x")),
@@ -84,12 +93,19 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
       Label1(captioned<QLabel>("Label1", "Enter tag without < or / or > :")) {
     Options.front()->setChecked(true);
     Label1->setTextFormat(Qt::PlainText);
-    ListView1->setHint(QString::fromLatin1(inputHint));
-    ListView2->setHint(QString::fromLatin1(listHint));
-    ListView3->setHint(QString::fromLatin1(listHint));
+    ListView1->setToolTip(QString::fromLatin1(inputHint));
+    ListView2->setToolTip(QString::fromLatin1(listHint));
+    ListView3->setToolTip(QString::fromLatin1(listHint));
+    ListView1->setStep({1, QStringLiteral("Drop JSON files or folders here, or load the samples.")});
+    ListView3->setStep({2, QStringLiteral("Add the names or words to look for.")});
+    ListView2->setStep({3, QStringLiteral("Choose a mode and press \u201cStart Extracting\u201d.")});
     // A drawn character: finding the style's icon in the desktop's themes would double the start-up time.
     PushButton15->setSign(QStringLiteral("?"));
     PushButton7->makePrimary();
+    PushButton7->setMinimumWidth(minStartWidth);
+    PushButton3->setPicture(CaptionPicture::plus);
+    for (CaptionButton* clearing : {PushButton9, PushButton10, PushButton14})
+        clearing->setPicture(CaptionPicture::bin);
     nameForAssistiveTools();
 }
 
@@ -120,64 +136,49 @@ void Controls::nameForAssistiveTools() {
 }
 
 void Controls::layOut(QWidget& window) {
-    QWidget* const files = listWithButtons(
-        nullptr, ListView1, {PushButton1, PushButton5, PushButton16, PushButton13, PushButton14});
-    QWidget* const tags =
-        listWithButtons(Label1, ListView3, {PushButton3, PushButton4, PushButton8, PushButton10});
-    auto* const lists = new QSplitter(Qt::Horizontal);
-    lists->addWidget(files);
-    lists->addWidget(tags);
-    lists->setStretchFactor(0, 3);
-    lists->setStretchFactor(1, 2);
-
     auto* const modes = new QGridLayout(Frame1);
     constexpr int modeRows = static_cast<int>(extractionModes.size() + 1) / 2;
     for (int place = 0; QRadioButton * option : Options) {
         modes->addWidget(option, place % modeRows, place / modeRows);
         ++place;
     }
-    modes->addWidget(PushButton15, 0, 2, modeRows, 1, Qt::AlignVCenter);
+    // Beside the last option, whose caption is short: the group stays narrow in large type.
+    modes->addWidget(PushButton15, modeRows - 1, 1, Qt::AlignRight);
     modes->setColumnStretch(1, 1);
-
+    modes->setHorizontalSpacing(2 * window.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
     auto* const include = new QVBoxLayout(Frame2);
-    include->addWidget(Check1, 1);
+    include->addWidget(Check1, 0, Qt::AlignTop);
+    static_cast<Group*>(Frame1)->matchWith(*static_cast<Group*>(Frame2));
 
-    auto* const options = new QWidget;
-    auto* const optionsRow = new QHBoxLayout(options);
-    optionsRow->setContentsMargins(0, 0, 0, 0);
-    optionsRow->addWidget(Frame1, 3);
-    optionsRow->addWidget(Frame2, 2);
-
-    auto* const above = new QWidget;
-    auto* const aboveColumn = new QVBoxLayout(above);
-    aboveColumn->setContentsMargins(0, 0, 0, 0);
-    aboveColumn->addWidget(lists, 1);
-    aboveColumn->addWidget(options);
+    Column* const tagColumn = columnOf({Label1, PushButton3, PushButton4, PushButton8, PushButton10});
+    Column* const resultsColumn = columnOf({PushButton6, PushButton12, PushButton11, PushButton9});
+    tagColumn->matchWith(*resultsColumn);
+    auto* const lists = new ListsSplitter(
+        listAboveGroup(ListView1,
+                       columnOf({PushButton1, PushButton5, PushButton16, PushButton13, PushButton14}),
+                       Frame1),
+        listAboveGroup(ListView3, tagColumn, Frame2));
 
     auto* const below = new QWidget;
-    auto* const belowGrid = new QVBoxLayout(below);
-    belowGrid->setContentsMargins(0, 0, 0, 0);
+    auto* const grid = new QGridLayout(below);
+    grid->setContentsMargins(0, 0, 0, 0);
     auto* const startRow = new QHBoxLayout;
-    startRow->addWidget(PushButton7, 1);
-    startRow->addWidget(PushButton2);
-    belowGrid->addLayout(startRow);
-    belowGrid->addWidget(ListView2, 1);
-    auto* const saveRow = new QHBoxLayout;
-    for (QPushButton* button : {PushButton6, PushButton12, PushButton11}) {
-        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred); // fills the row's height
-        saveRow->addWidget(button);
-    }
-    saveRow->addStretch(1);
-    saveRow->addWidget(PushButton9);
-    belowGrid->addLayout(saveRow);
+    startRow->addWidget(PushButton7, 2); // a third of the window's width
+    startRow->addStretch(3);
+    grid->addLayout(startRow, 0, 0);
+    grid->addWidget(PushButton2, 0, 1);
+    grid->addWidget(ListView2, 1, 0);
+    grid->addWidget(resultsColumn, 1, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(1, 1);
 
     auto* const all = new QSplitter(Qt::Vertical);
-    all->addWidget(above);
+    all->addWidget(lists);
     all->addWidget(below);
     all->setStretchFactor(0, 1);
     all->setStretchFactor(1, 3);
     // As wide as the gaps between controls, so that all gaps in the window are equal.
-    for (QSplitter* splitter : {lists, all}) {
+    for (QSplitter* splitter : {static_cast<QSplitter*>(lists), all}) {
         splitter->setChildrenCollapsible(false);
         splitter->setHandleWidth(window.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
     }

@@ -50,8 +50,9 @@ struct Controls {
     [[nodiscard]] QRadioButton& option(ExtractionMode mode) const { return *Options[placeOf(mode).value()]; }
     [[nodiscard]] PerMode<std::u16string> optionCaptions() const;
 
-    /// Puts all controls into `window`: files and tags at the top, then options, "Start Extracting", results
-    /// and their buttons. Dividers change the sizes of these areas. Sets the tab order.
+    /// Puts all controls into `window`: files and tags at the top, each list with
+    /// its buttons on its right and its options below, then "Start Extracting", the results and their
+    /// buttons. Dividers change the sizes of these areas. Sets the tab order.
     void layOut(QWidget& window);
 
 private:

@@ -1,5 +1,6 @@
 // Opens the main window.
 
+#include "app/indicator_style.h"
 #include "app/main_window.h"
 #include "app/system.h"
 #include "platform/files.h"
@@ -16,6 +17,7 @@ int main(int count, char** words) {
     QFont font = QApplication::font();
     font.setFamily(QStringLiteral("Arial")); // message boxes included
     QApplication::setFont(font);
+    brindlewick::outlineIndicators();
 
     // Closing ends the process at once, even inside an operation that dispatches events: the operation must
     // not continue without its window. All settings are already saved.

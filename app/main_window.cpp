@@ -13,7 +13,7 @@ namespace brindlewick {
 
 namespace {
 
-constexpr QSize preferredSize{1000, 720}; // pixels, if the screen is large enough
+constexpr QSize preferredSize{1120, 760}; // pixels, if the screen is large enough
 constexpr QSize frameAllowance{16, 48};   // pixels for the title bar and the borders
 
 /// Calls `pressed` when the Delete key is pressed while the widget has the focus.

@@ -70,7 +70,7 @@ private:
     SettingsFile settings_;
     ExtractionOptions options_{settings_};
 
-    TextListModel inputModel_{inputFiles_};
+    TextListModel inputModel_{inputFiles_, TextListModel::Contents::paths};
     TextListModel tagModel_{tags_};
     ResultsModel resultsModel_{results_};
     Controls controls_{inputFiles_, resultsModel_};

@@ -4,18 +4,45 @@
 
 namespace brindlewick {
 
-QString displayText(std::u16string_view text) {
-    constexpr std::size_t maxLength = 500; // code units: wider than any screen
-    std::u16string shown(text.substr(0, maxLength));
-    for (char16_t& unit : shown)
+namespace {
+
+constexpr std::size_t maxShown = 500;   // code units of a cell: wider than any screen
+constexpr std::size_t maxTipped = 4000; // code units of a tool tip: about a screen full
+
+std::u16string beginningOf(std::u16string_view text, std::size_t maxLength) {
+    std::u16string beginning(text.substr(0, maxLength));
+    if (beginning.size() < text.size()) {
+        if (isHighSurrogate(beginning.back())) // the pair was cut
+            beginning.pop_back();
+        beginning += u'\u2026';
+    }
+    return beginning;
+}
+
+QString onOneLine(std::u16string text) {
+    for (char16_t& unit : text)
         if (unit < 32 || unit == 127)
             unit = u' ';
-    if (shown.size() < text.size()) {
-        if (isHighSurrogate(shown.back())) // the pair was cut
-            shown.pop_back();
-        shown += u"\u2026";
-    }
-    return toQString(shown);
+    return toQString(text);
+}
+
+} // namespace
+
+QString displayText(std::u16string_view text) {
+    return onOneLine(beginningOf(text, maxShown));
+}
+
+QString displayPath(std::u16string_view path) {
+    if (path.size() <= maxShown)
+        return onOneLine(std::u16string(path));
+    std::u16string_view end = path.substr(path.size() - maxShown / 2);
+    if (isLowSurrogate(end.front())) // the pair was cut
+        end.remove_prefix(1);
+    return onOneLine(beginningOf(path, maxShown / 2) + std::u16string(end));
+}
+
+QString tipText(std::u16string_view text) {
+    return toQString(beginningOf(text, maxTipped));
 }
 
 } // namespace brindlewick

@@ -21,4 +21,10 @@ namespace brindlewick {
 /// that text follows. Costs the same for every length.
 [[nodiscard]] QString displayText(std::u16string_view text);
 
+/// The same for a path, with the ellipsis in the middle: its end is the file name.
+[[nodiscard]] QString displayPath(std::u16string_view path);
+
+/// The text for a tool tip: at most 4,000 code units, then an ellipsis.
+[[nodiscard]] QString tipText(std::u16string_view text);
+
 } // namespace brindlewick

@@ -1,6 +1,7 @@
 #include "app/results_model.h"
 
 #include "app/qt_text.h"
+#include "app/row_delegate.h"
 
 #include <algorithm>
 #include <limits>
@@ -53,8 +54,13 @@ QVariant ResultsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     const auto row = static_cast<std::size_t>(index.row());
-    if (role == Qt::DisplayRole)
-        return displayText(table_.cell(row, static_cast<std::size_t>(index.column())));
+    const bool isPath = index.column() == 0 && columnCount() == 2;
+    if (role == isPathRole)
+        return isPath;
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
+        const std::u16string_view text = table_.cell(row, static_cast<std::size_t>(index.column()));
+        return role == Qt::ToolTipRole ? tipText(text) : isPath ? displayPath(text) : displayText(text);
+    }
     if (role == Qt::CheckStateRole && index.column() == 0)
         return table_.isChecked(row) ? Qt::Checked : Qt::Unchecked;
     return {};

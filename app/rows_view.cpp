@@ -1,22 +1,38 @@
 #include "app/rows_view.h"
 
+#include "app/row_delegate.h"
 #include "app/twips.h"
 
 #include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionHeader>
+#include <algorithm>
 
 namespace brindlewick {
 
 namespace {
 
-constexpr float hintOpacity = 0.6F;
-constexpr int minCharacters = 16; // of average width
+constexpr int minCharacters = 10; // of average width
 constexpr int minRows = 4;
+
+/// Draws a line at the end of the last column too: the divider that makes the column wider.
+class DividedHeader : public QHeaderView {
+public:
+    using QHeaderView::QHeaderView;
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        option->position = QStyleOptionHeader::Middle;
+    }
+};
 
 } // namespace
 
 RowsView::RowsView(QWidget* parent) : QTableView(parent) {
+    setHorizontalHeader(new DividedHeader(Qt::Horizontal, this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -32,12 +48,23 @@ RowsView::RowsView(QWidget* parent) : QTableView(parent) {
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setStretchLastSection(true);
+    setItemDelegate(new RowDelegate(*this));
     fitToFont();
 }
 
-void RowsView::setHint(const QString& hint) {
-    hint_ = hint;
-    setToolTip(hint);
+void RowsView::setModel(QAbstractItemModel* model) {
+    QTableView::setModel(model);
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(model, signal, this, [this] { showScrollBarsIfNeeded(); });
+    connect(model, &QAbstractItemModel::modelReset, this, [this] { showScrollBarsIfNeeded(); });
+    showScrollBarsIfNeeded();
+}
+
+/// None on an empty list: there is nothing to scroll to.
+void RowsView::showScrollBarsIfNeeded() {
+    const auto policy = model()->rowCount() > 0 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff;
+    setHorizontalScrollBarPolicy(policy);
+    setVerticalScrollBarPolicy(policy);
 }
 
 std::optional<std::size_t> RowsView::selectedRow() const {
@@ -48,7 +75,15 @@ std::optional<std::size_t> RowsView::selectedRow() const {
 }
 
 void RowsView::setColumnWidthInTwips(int column, int twips) {
-    setColumnWidth(column, pixelsFromTwips(twips, *this));
+    const int width = pixelsFromTwips(twips, *this);
+    setColumnWidth(column, width);
+    wantedWidth_ = std::max(wantedWidth_, columnViewportPosition(column) + width);
+    updateGeometry();
+}
+
+QSize RowsView::sizeHint() const {
+    const int frame = 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+    return {std::max(wantedWidth_ + frame, minimumWidth()), minimumHeight()};
 }
 
 void RowsView::paintEvent(QPaintEvent* event) {
@@ -56,16 +91,10 @@ void RowsView::paintEvent(QPaintEvent* event) {
     if (model() == nullptr || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
-    // Not QPalette::PlaceholderText: some dark desktop themes do not set it.
-    QColor faint = palette().color(QPalette::Text);
-    faint.setAlphaF(hintOpacity);
-    painter.setPen(faint);
-    const int margin = fontMetrics().height();
-    const QRect room = viewport()->rect().adjusted(margin, margin / 2, -margin, -margin / 2);
-    const int height = painter.boundingRect(room, Qt::AlignHCenter | Qt::TextWordWrap, hint_).height();
-    // If the hint does not fit, show its beginning.
-    const Qt::Alignment vertical = height > room.height() ? Qt::AlignTop : Qt::AlignVCenter;
-    painter.drawText(room, static_cast<int>(Qt::AlignHCenter | vertical) | Qt::TextWordWrap, hint_);
+    painter.setFont(font());
+    paintStep(painter, viewport()->rect(), step_, palette());
+    if (hasFocus())
+        paintFocusFrame(painter, viewport()->rect(), palette());
 }
 
 void RowsView::changeEvent(QEvent* event) {

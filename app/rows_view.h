@@ -1,5 +1,7 @@
-// The base of the three lists' views: rows of equal height, a header, and a hint while there are no rows.
+// The base of the three lists' views: rows of equal height, a header, and a step while there are no rows.
 #pragma once
+
+#include "app/empty_list.h"
 
 #include <QTableView>
 #include <cstddef>
@@ -11,11 +13,14 @@ class RowsView : public QTableView {
 public:
     explicit RowsView(QWidget* parent = nullptr);
 
-    /// Sets the tool tip and the text that is shown while the list is empty.
-    void setHint(const QString& hint);
+    /// Sets what is shown while the list is empty.
+    void setStep(const Step& step) { step_ = step; }
+    void setModel(QAbstractItemModel* model) override;
     /// The current row if it is selected.
     [[nodiscard]] std::optional<std::size_t> selectedRow() const;
+    /// Sets the column's width and makes the size hint wide enough for it.
     void setColumnWidthInTwips(int column, int twips);
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -24,8 +29,10 @@ protected:
 
 private:
     void fitToFont();
+    void showScrollBarsIfNeeded();
 
-    QString hint_;
+    Step step_;
+    int wantedWidth_ = 0; ///< pixels; of the columns together
 };
 
 } // namespace brindlewick

@@ -1,11 +1,12 @@
 #include "app/text_list_model.h"
 
 #include "app/qt_text.h"
+#include "app/row_delegate.h"
 
 namespace brindlewick {
 
-TextListModel::TextListModel(TextList& list, QObject* parent)
-    : QAbstractTableModel(parent), list_(list), shown_(static_cast<int>(list.size())) {
+TextListModel::TextListModel(TextList& list, Contents contents)
+    : list_(list), contents_(contents), shown_(static_cast<int>(list.size())) {
     list_.setListener(this);
 }
 
@@ -37,9 +38,15 @@ int TextListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TextListModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole)
+    if (!index.isValid())
         return {};
-    return displayText(list_[static_cast<std::size_t>(index.row())]);
+    const std::u16string_view text = list_[static_cast<std::size_t>(index.row())];
+    const bool isPath = contents_ == Contents::paths;
+    if (role == Qt::DisplayRole)
+        return isPath ? displayPath(text) : displayText(text);
+    if (role == Qt::ToolTipRole)
+        return tipText(text);
+    return role == isPathRole ? QVariant(isPath) : QVariant();
 }
 
 QVariant TextListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -12,7 +12,8 @@ namespace brindlewick {
 /// event loop continues.
 class TextListModel : public QAbstractTableModel, private TextListListener {
 public:
-    explicit TextListModel(TextList& list, QObject* parent = nullptr);
+    enum class Contents { texts, paths };
+    explicit TextListModel(TextList& list, Contents contents = Contents::texts);
     ~TextListModel() override;
 
     /// The caption of the column.
@@ -34,6 +35,7 @@ private:
     void rowWasAppended() override;
 
     TextList& list_;
+    Contents contents_;
     QString caption_;
     int shown_ = 0; ///< rows that the view knows
 };

@@ -1,0 +1,26 @@
+// What an empty list shows: the step that fills it.
+#pragma once
+
+#include <QString>
+
+class QPainter;
+class QPalette;
+class QRect;
+
+namespace brindlewick {
+
+/// One step of a first try.
+struct Step {
+    int number = 0;
+    QString text; ///< what to do
+};
+
+/// Paints the step into the middle of `room` with the painter's font: the number in a circle, and the text
+/// below it. Without room for both, the number comes first on the text's line. What does not fit is cut at
+/// the end.
+void paintStep(QPainter& painter, const QRect& room, const Step& step, const QPalette& palette);
+
+/// Paints the frame of an empty list that has the focus.
+void paintFocusFrame(QPainter& painter, const QRect& room, const QPalette& palette);
+
+} // namespace brindlewick
