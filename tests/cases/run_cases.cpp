@@ -11,8 +11,8 @@
 #include "lists/listed_paths.h"
 #include "platform/text_encoding.h"
 #include "support/fake_settings.h"
-#include "support/fake_user.h"
 #include "support/own_separator.h"
+#include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
 #include <algorithm>
@@ -77,7 +77,7 @@ struct Run {
     }
     /// The rows; with file names, the file's number stands in place of its path.
     Texts rows(int mode, bool withFileNames = false) {
-        FakeUser user;
+        ScriptedUser user;
         FakeSettings settings;
         ExtractionOptions options(settings);
         options.chooseMode(static_cast<ExtractionMode>(mode));
@@ -85,15 +85,13 @@ struct Run {
         ResultsTable table;
         ExtractionRun(user, options, paths, tags, table).PushButton7_Click();
 
-        EXPECT_EQ(user.messages, std::vector<std::u16string>{u"Done."});
-        EXPECT_EQ(user.pointerShapes, (std::vector{PointerShape::hourglass, PointerShape::standard}));
         EXPECT_EQ(table.columns().size(), withFileNames ? 2U : 1U);
         reports.clear();
-        for (const std::string& report : asUtf8(user.errors)) {
-            const auto [description, where] = cutAt(report, "\r\n");
-            EXPECT_TRUE(where.starts_with("in Corvane2021/08/31.Form1.PushButton7_Click at line ")) << where;
-            reports.push_back(description);
-        }
+        std::istringstream transcript(user.takeTranscript());
+        for (std::string line; std::getline(transcript, line);)
+            if (const auto [report, routine] = cutAt(line, " in Form1.PushButton7_Click");
+                line.starts_with("report: "))
+                reports.push_back(report.substr(8) + routine);
         Texts rows;
         for (std::size_t row = 0; row < table.rowCount(); ++row) {
             std::string text = toUtf8(table.cell(row, 0));
@@ -188,7 +186,7 @@ private:
 
 Texts entriesOfListFile(const std::string& bytes) {
     const TemporaryFolder folder;
-    FakeUser user;
+    ScriptedUser user;
     TextList list;
     ReadListFile(user, folder.write("list.txt", bytes), list);
     return asUtf8(list.texts());

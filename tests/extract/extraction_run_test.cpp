@@ -2,7 +2,7 @@
 #include "extract/extraction_run.h"
 
 #include "support/fake_settings.h"
-#include "support/fake_user.h"
+#include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,6 @@
 namespace brindlewick {
 namespace {
 
-using testing::FakeUser;
 using testing::TemporaryFolder;
 using Rows = std::vector<std::u16string>;
 
@@ -31,7 +30,7 @@ protected:
     }
 
     TemporaryFolder folder;
-    FakeUser user;
+    testing::ScriptedUser user;
     testing::FakeSettings settings;
     ExtractionOptions options{settings};
     std::vector<std::u16string> paths;
@@ -44,9 +43,8 @@ TEST_F(Run, WithoutFilesLeavesTheTableAsItWas) {
     table.beginFile(u"f");
     table.appendRow(table.store(u"old"), true);
     extract(ExtractionMode::all);
-    EXPECT_EQ(user.messages, std::vector<std::u16string>{u"No files added."});
+    EXPECT_EQ(user.takeTranscript(), "message: No files added.\n");
     EXPECT_EQ(table.rowCount(), 1U);
-    EXPECT_TRUE(user.pointerShapes.empty());
 }
 
 TEST_F(Run, ReadsTheFlagForEveryRow) {
@@ -68,9 +66,10 @@ TEST_F(Run, LetsEventsThroughInsideALongFragment) {
     for (const std::string& fragment : {list + "1]\n", object + "}\n"}) {
         paths.clear();
         add(fragment);
-        user.yields = 0;
+        std::size_t yields = 0;
+        user.whenYielding = [&] { ++yields; };
         extract(ExtractionMode::entireLine);
-        EXPECT_GT(user.yields, 10U);
+        EXPECT_GT(yields, 10U);
     }
 }
 
@@ -80,8 +79,14 @@ TEST_F(Run, ToleratesAListThatShrinksMeanwhile) {
     tags = {u"a"};
     user.whenYielding = [this] { paths.resize(1); };
     EXPECT_EQ(extract(ExtractionMode::valueWithoutTag), Rows{u"1 "});
-    ASSERT_EQ(user.errors.size(), 1U);
-    EXPECT_TRUE(user.errors[0].starts_with(u"Subscript out of range\r\n"));
+    EXPECT_EQ(user.takeTranscript(), R"(pointer: hourglass
+progress: Extracting: file 1 of 2, 0 rows, 0 %
+report: Subscript out of range in Form1.PushButton7_Click
+progress: Extracting: file 2 of 2, 1 rows, 50 %
+pointer: standard
+summary: 1 rows found
+message: Done.
+)");
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "platform/error_report.h"
 #include "platform/files.h"
 #include "platform/native_path.h"
+#include "support/counting_user.h"
 #include "support/fake_settings.h"
 #include "support/temporary_folder.h"
 
@@ -58,67 +59,38 @@ void operator delete[](void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 
-namespace brindlewick {
+namespace brindlewick::testing {
 namespace {
-
-using testing::FakeSettings;
-using testing::TemporaryFolder;
-
-/// Counts, and asks for no memory of its own.
-class CountingUser : public UserInterface {
-public:
-    int errors = 0;
-    int foreignErrors = 0; ///< reports of anything but memory
-    PointerShape pointer = PointerShape::standard;
-
-    void showMessage(std::u16string_view) override {}
-    void showApplicationError(std::u16string_view text) override {
-        ++errors;
-        foreignErrors += text.starts_with(u"Out of memory") ? 0 : 1;
-    }
-    bool askYesNo(std::u16string_view) override { return true; }
-    std::u16string askText(std::u16string_view, std::u16string_view) override { return {}; }
-    std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
-    std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
-    std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }
-    void setPointer(PointerShape shape) override { pointer = shape; }
-    void yield() override {}
-    void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
-    void endProgress(std::u16string_view) override {}
-    void setClipboardText(std::u16string_view) override {}
-    void openFolder(std::u16string_view) override {}
-};
-
-/// Does `operation` with the first allocation refused, then with the second, and so on, until it needs no
-/// more. `after` sees what each left.
-void refuseEveryAllocation(CountingUser& user, const std::function<void()>& operation,
-                           const std::function<void()>& after) {
-    constexpr std::size_t mostAllocations = 20000;
-    for (std::size_t place = 0; place < mostAllocations; ++place) {
-        user.errors = 0;
-        wasRefused = false;
-        allocationsLeft = place;
-        operation();
-        allocationsLeft = std::numeric_limits<std::size_t>::max();
-        EXPECT_EQ(user.foreignErrors, 0) << place;
-        EXPECT_EQ(user.pointer, PointerShape::standard) << place;
-        EXPECT_FALSE(user.isBusy()) << place;
-        after();
-        if (!wasRefused || ::testing::Test::HasFailure())
-            return;
-    }
-    FAIL() << "the operation never came to an end";
-}
 
 class RefusedMemory : public ::testing::Test {
 protected:
     TemporaryFolder folder;
     CountingUser user;
+    const Guard guard{user, u"Tests.RefusedMemory"};
+
+    /// Does `operation` with the first allocation refused, then with the second, and so on, until it needs no
+    /// more. `after` looks at what each left.
+    void refuseEveryAllocation(const std::function<void()>& operation, const std::function<void()>& after) {
+        constexpr std::size_t maxAllocations = 20000;
+        for (std::size_t place = 0; place < maxAllocations; ++place) {
+            SCOPED_TRACE(place);
+            user.reports = user.reportsOfMemory = 0;
+            wasRefused = false;
+            allocationsLeft = place;
+            operation();
+            allocationsLeft = std::numeric_limits<std::size_t>::max();
+            EXPECT_EQ(user.reports, user.reportsOfMemory);
+            EXPECT_EQ(user.pointer, PointerShape::standard);
+            EXPECT_FALSE(user.isBusy());
+            after();
+            if (!wasRefused || HasFailure())
+                return;
+        }
+        FAIL() << "the operation never came to an end";
+    }
 };
 
-class RefusedMemoryInARun : public RefusedMemory, public ::testing::WithParamInterface<ExtractionMode> {};
-
-TEST_P(RefusedMemoryInARun, EndsARunWithTheRowsOfTheOtherFiles) {
+TEST_F(RefusedMemory, EndsARunWithTheRowsOfTheOtherFiles) {
     // The list comes last: what a run has seen of one changes the rows that follow.
     const std::string deep = "{\"name\":{\"name\":{\"a b\":1 \"name\":2 \"c\":3 \"d\":4 \"e\":5 \"f\":6 "
                              "\"g\":7 \"h\":8 \"i\":9}}}\n{\"name\":[1,2]}\n";
@@ -129,28 +101,24 @@ TEST_P(RefusedMemoryInARun, EndsARunWithTheRowsOfTheOtherFiles) {
                                                folder.write("b.json", "\xEF\xBB\xBF" + many),
                                                folder.write("c.json", deep)};
     const std::vector<std::u16string> tags = {u"name", u"id"};
-    FakeSettings settings;
-    ExtractionOptions options(settings);
-    options.chooseMode(GetParam());
-    ResultsTable table;
-    ExtractionRun run(user, options, paths, tags, table);
-    run.PushButton7_Click();
-    const std::size_t allRows = table.rowCount();
-    ASSERT_GE(allRows, 2U);
-
-    refuseEveryAllocation(
-        user, [&] { run.PushButton7_Click(); },
-        [&] {
+    for (const auto mode : {ExtractionMode::valueAndTag, ExtractionMode::entireLine, ExtractionMode::all}) {
+        FakeSettings settings;
+        ExtractionOptions options(settings);
+        options.chooseMode(mode);
+        ResultsTable table;
+        ExtractionRun run(user, options, paths, tags, table);
+        run.PushButton7_Click();
+        const std::size_t allRows = table.rowCount();
+        ASSERT_GE(allRows, 2U);
+        const auto extract = [&] { run.PushButton7_Click(); };
+        refuseEveryAllocation(extract, [&] {
             EXPECT_LE(table.rowCount(), allRows);
-            EXPECT_TRUE(table.rowCount() == allRows || user.errors > 0 || wasRefused);
-            run.PushButton7_Click();
+            EXPECT_TRUE(table.rowCount() == allRows || user.reports > 0 || wasRefused);
+            extract();
             EXPECT_EQ(table.rowCount(), allRows);
         });
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Modes, RefusedMemoryInARun,
-                         ::testing::Values(ExtractionMode::valueAndTag, ExtractionMode::entireLine,
-                                           ExtractionMode::all));
 
 TEST_F(RefusedMemory, EndsAScanAndAListFile) {
     folder.write("tree/one/a.json", "{}");
@@ -161,9 +129,7 @@ TEST_F(RefusedMemory, EndsAScanAndAListFile) {
     TextList files;
     InputFileHandlers handlers(user, settings, files);
     const std::vector<std::u16string> dropped = {folder.text("tree")};
-    const Guard guard(user, u"Tests.RefusedMemory");
     refuseEveryAllocation(
-        user,
         [&] {
             handlers.ListView1_OLEDragDrop(dropped);
             guard([&] { ReadListFile(user, list, files); });
@@ -182,16 +148,14 @@ TEST_F(RefusedMemory, IsReportedByTheStatusOfAFile) {
     const std::u16string missing = u"a long name of no file.json";
     folder.write("a long name, which needs memory.json", "{}");
     const FilesOfFolder files(withSeparator(folder.text()));
-    const Guard guard(user, u"Tests.RefusedMemory");
     for (const std::u16string& name : {missing, found}) {
         FileStatus status;
         refuseEveryAllocation(
-            user,
             [&] {
                 status = {};
                 guard([&] { status = files.status(name); });
             },
-            [&] { EXPECT_EQ(status.exists, name == found && user.errors == 0); });
+            [&] { EXPECT_EQ(status.exists, name == found && user.reports == 0); });
     }
 }
 
@@ -204,7 +168,6 @@ TEST_F(RefusedMemory, EndsTheOutputs) {
     const ResultsListview view(table);
     const std::u16string aligned = folder.text("aligned.txt");
     const std::u16string comma = folder.text("comma.txt");
-    const Guard guard(user, u"Tests.RefusedMemory");
     const auto saveAndCopy = [&] {
         SaveListviewProperlySpaced(user, view, aligned, nullptr);
         SaveListviewAsCommaDelimToFile(user, view, comma, nullptr);
@@ -212,11 +175,11 @@ TEST_F(RefusedMemory, EndsTheOutputs) {
     };
     saveAndCopy();
     const std::string whole = folder.read("aligned.txt") + folder.read("comma.txt");
-    refuseEveryAllocation(user, saveAndCopy, [&] {
+    refuseEveryAllocation(saveAndCopy, [&] {
         saveAndCopy();
         EXPECT_EQ(folder.read("aligned.txt") + folder.read("comma.txt"), whole);
     });
 }
 
 } // namespace
-} // namespace brindlewick
+} // namespace brindlewick::testing

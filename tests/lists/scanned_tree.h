@@ -1,18 +1,13 @@
-// A temporary folder tree, and one scan of it.
+// A temporary folder tree, and scans of it.
 #pragma once
 
-#include "lists/folder_scanner.h"
-#include "support/fake_user.h"
+#include "lists/input_file_handlers.h"
+#include "support/fake_settings.h"
 #include "support/own_separator.h"
+#include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <iterator>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace brindlewick::testing {
 
@@ -24,44 +19,27 @@ inline Names names(const std::string& text) {
     return {std::istream_iterator<std::string>(words), {}};
 }
 
-/// Names that end in "/" become folders, the others empty files.
-class Tree {
-public:
-    explicit Tree(const Names& names) {
-        for (const std::string& name : names) {
-            if (name.ends_with('/'))
-                folder.makeFolder(name);
-            else
-                folder.write(name, "");
-        }
-    }
-    /// The path relative to the temporary folder, as bytes.
-    std::string below(const std::u16string& path) const {
-        return shownPath(path.substr(folder.text().size() + 1));
-    }
+struct Tree {
     TemporaryFolder folder;
-};
+    ScriptedUser user;
 
-/// One scan with a walk after each start folder, as for dropped folders.
-struct Scan {
-    Names folders;
-    Names files;
-    FakeUser user;
-
-    Scan(const Tree& tree, const Names& starts, std::u16string_view pattern = u"*.*", bool recurse = true,
-         const std::function<void()>& whenYielding = {}) {
-        user.whenYielding = whenYielding;
-        FolderCollection collection(pattern);
-        for (const std::string& start : starts) {
-            collection.addStartFolder(tree.folder.text(start));
-            GetSubDirectories2016(user, collection, recurse);
-        }
-        for (std::size_t at = 0; at < collection.size(); ++at) {
-            folders.push_back(tree.below(collection[at]));
-            for (const std::u16string& name : collection.acceptedFiles(at, user))
-                files.push_back(tree.below(collection[at] + name));
-        }
-        EXPECT_TRUE(user.errors.empty());
+    explicit Tree(const Names& files) {
+        for (const std::string& name : files)
+            folder.write(name, "");
+    }
+    /// The files that a drop of the folders lists, relative to the tree and as bytes. "." is the tree itself.
+    Names scan(const Names& starts) {
+        FakeSettings settings;
+        TextList files;
+        std::vector<std::u16string> items;
+        for (const std::string& start : starts)
+            items.push_back(folder.text(start == "." ? "" : start));
+        InputFileHandlers(user, settings, files).ListView1_OLEDragDrop(items);
+        EXPECT_EQ(user.takeTranscript().find("report"), std::string::npos);
+        Names listed;
+        for (const std::u16string& path : files)
+            listed.push_back(shownPath(path.substr(folder.text().size() + 1)));
+        return listed;
     }
 };
 

@@ -1,23 +1,14 @@
-#include "platform/files.h"
-
-#include "platform/native_path.h"
+// Files and folders as every system has them.
 #include "platform/path_status.h"
-#include "support/temporary_folder.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
-namespace brindlewick {
+namespace brindlewick::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::failureOf;
-using testing::shown;
-using testing::Status;
-using Shown = std::vector<std::string>;
 
-/// One of each kind of file and folder that every system has.
+/// One of everything that a path can name everywhere.
 class Files : public ::testing::Test {
 protected:
     Files() {
@@ -29,10 +20,10 @@ protected:
         folder.makeFolder("folder/empty");
     }
     std::u16string text(std::u16string_view name) const { return joinedPath(folder.text(), name); }
-    testing::TemporaryFolder folder;
+    TemporaryFolder folder;
 };
 
-TEST_F(Files, HaveTheSameStatusInEveryOperation) {
+TEST_F(Files, HaveOneStatusHoweverItIsAsked) {
     const Status cases[] = {
         {u"file", 32},
         {u".hidden", 34},
@@ -49,36 +40,18 @@ TEST_F(Files, HaveTheSameStatusInEveryOperation) {
         {std::u16string(300, u'a'), std::nullopt, FailureNumber::fileNotFound},
     };
     for (const Status& expected : cases)
-        testing::expectStatus(text(expected.name), expected);
-    testing::expectStatus(u"", {u"", std::nullopt, FailureNumber::fileNotFound});
+        expectStatus(text(expected.name), expected);
+    expectStatus(u"", {u"", std::nullopt, FailureNumber::fileNotFound});
     EXPECT_EQ(fileLength(text(u"file")), 4U);
 }
 
-TEST_F(Files, AreListedWithTheirFolders) {
-    EXPECT_EQ(shown(listFolder(folder.text())),
-              (Shown{".both", ".folder/", ".hidden", "file", "fixed", "folder/"}));
-    EXPECT_EQ(shown(listFolder(folder.text("folder"))), (Shown{"empty/", "inside"}));
-    EXPECT_EQ(shown(listFolder(folder.text("folder/empty"))), Shown{});
+TEST_F(Files, AreListedWithTheirFoldersInOrder) {
+    EXPECT_EQ(listed(folder.text()), (Shown{".both", ".folder/", ".hidden", "file", "fixed", "folder/"}));
+    EXPECT_EQ(listed(folder.text("folder/empty")), Shown{});
     for (const std::u16string& noFolder :
          {text(u"missing"), text(u"file"), text(u"missing/below"), std::u16string()})
         EXPECT_EQ(failureOf([&] { static_cast<void>(listFolder(noFolder)); }), FailureNumber::pathNotFound);
-}
 
-TEST(SortByName, OrdersWithoutCaseAndThenByCodeUnit) {
-    const std::vector<std::u16string> ordered = {u"",   u".x", u"A",   u"a", u"A1", u"a_", u"AB", u"Ab",
-                                                 u"aB", u"ab", u"abc", u"b", u"Z",  u"Ä",  u"ä"};
-    std::vector<FolderEntry> entries;
-    for (auto name = ordered.rbegin(); name != ordered.rend(); ++name)
-        entries.push_back({*name, *name == u"b", 0});
-    sortByName(entries);
-    for (std::size_t at = 0; at < ordered.size(); ++at) {
-        EXPECT_EQ(entries[at].name, ordered[at]);
-        EXPECT_EQ(entries[at].isFolder, ordered[at] == u"b");
-    }
-}
-
-TEST(ListFolder, OrdersNamesWithoutCaseAndEachCanBeOpened) {
-    const testing::TemporaryFolder folder;
     const Shown names = {" a",
                          "...b",
                          "[",
@@ -91,14 +64,24 @@ TEST(ListFolder, OrdersNamesWithoutCaseAndEachCanBeOpened) {
                          "\xE6\x97\xA5",
                          "\xF0\x9F\x98\x80"};
     for (const std::string& name : names)
-        folder.write(name, name);
-    const std::vector<FolderEntry> entries = listFolder(folder.text());
-    EXPECT_EQ(shown(entries), names);
-    for (const FolderEntry& entry : entries)
-        EXPECT_EQ(testing::bytesOf(joinedPath(folder.text(), entry.name)), testing::nameBytes(entry.name));
+        folder.write("names/" + name, name);
+    EXPECT_EQ(listed(folder.text("names")), names);
+    for (const std::string& name : names)
+        EXPECT_EQ(bytesOf(folder.text("names/" + name)), name);
+
+    const std::u16string_view ordered[] = {u"",   u".x", u"A",   u"a", u"A1", u"a_", u"AB", u"Ab",
+                                           u"aB", u"ab", u"abc", u"b", u"Z",  u"Ä",  u"ä"};
+    std::vector<FolderEntry> entries;
+    for (const std::u16string_view name : ordered)
+        entries.insert(entries.begin(), {std::u16string(name), name == u"b", 0});
+    sortByName(entries);
+    for (std::size_t at = 0; at < entries.size(); ++at) {
+        EXPECT_EQ(entries[at].name, ordered[at]);
+        EXPECT_EQ(entries[at].isFolder, ordered[at] == u"b");
+    }
 }
 
-TEST_F(Files, AreReadInPartsAndReplacedByteForByte) {
+TEST_F(Files, AreReadInPortionsAndReplacedByteForByte) {
     const std::string bytes("abc\r\n\x1A\0e", 8);
     {
         OutputFile file(folder.write("out", "something longer"));
@@ -109,15 +92,15 @@ TEST_F(Files, AreReadInPartsAndReplacedByteForByte) {
     }
     InputFile file(text(u"out"));
     EXPECT_EQ(file.length(), 8U);
-    std::string part(5, '\0');
-    EXPECT_EQ(file.read(part), 5U);
-    EXPECT_EQ(part, bytes.substr(0, 5));
-    EXPECT_EQ(file.read(part), 3U);
-    EXPECT_EQ(part.substr(0, 3), bytes.substr(5));
-    EXPECT_EQ(file.read(part), 0U);
+    std::string portion(5, '\0');
+    EXPECT_EQ(file.read(portion), 5U);
+    EXPECT_EQ(portion, bytes.substr(0, 5));
+    EXPECT_EQ(file.read(portion), 3U);
+    EXPECT_EQ(portion.substr(0, 3), bytes.substr(5));
+    EXPECT_EQ(file.read(portion), 0U);
 }
 
-TEST_F(Files, FailToOpenWithTheirOwnFailures) {
+TEST_F(Files, ThatCannotBeOpenedFailAtOnce) {
     const std::pair<std::u16string, FailureNumber> cases[] = {
         {u"missing/file", FailureNumber::pathNotFound},
         {u"file/below", FailureNumber::pathNotFound},
@@ -125,22 +108,19 @@ TEST_F(Files, FailToOpenWithTheirOwnFailures) {
         {std::u16string(u"file\0", 5), FailureNumber::fileNotFound},
         {std::u16string(5000, u'a'), FailureNumber::fileNotFound},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(failureOf([&] { InputFile file(text(one.first)); }), one.second);
-        EXPECT_EQ(failureOf([&] { OutputFile file(text(one.first)); }), one.second);
-    }
+    for (const auto& [name, failure] : cases)
+        expectNoFile(text(name), failure, failure);
     EXPECT_EQ(failureOf([&] { InputFile file(text(u"missing")); }), FailureNumber::fileNotFound);
-    const auto failure = failureOf([&] { OutputFile file(text(u"fixed")); }); // root may write it
+    const auto failure = failureOf([&] { OutputFile file(text(u"fixed")); }); // nothing is refused to root
     EXPECT_EQ(failure.value_or(FailureNumber::permissionDenied), FailureNumber::permissionDenied);
 }
 
-TEST(ProgramFolder, ContainsThisTest) {
-    const std::vector<FolderEntry> entries = listFolder(programFolder());
+TEST(ProgramFolder, HasThisProgram) {
+    const Shown names = listed(programFolder());
     EXPECT_NE(programFolder().back(), pathSeparator);
-    EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [](const FolderEntry& entry) {
-        return entry.name == u"engine_tests" || entry.name == u"engine_tests.exe";
-    }));
+    EXPECT_TRUE(std::count(names.begin(), names.end(), "engine_tests") +
+                std::count(names.begin(), names.end(), "engine_tests.exe"));
 }
 
 } // namespace
-} // namespace brindlewick
+} // namespace brindlewick::testing

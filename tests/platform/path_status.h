@@ -1,16 +1,16 @@
-// Checks everything that files.h returns about a path.
+// What the tests of files look at.
 #pragma once
 
 #include "platform/files.h"
-#include "platform/native_path.h"
 #include "support/failure_of.h"
 #include "support/own_separator.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <optional>
-
 namespace brindlewick::testing {
+
+using Shown = std::vector<std::string>;
 
 struct Status {
     std::u16string name;
@@ -20,15 +20,16 @@ struct Status {
 
 /// Checks that every operation on the path agrees with `expected`.
 inline void expectStatus(const std::u16string& path, const Status& expected) {
+    SCOPED_TRACE(nameBytes(path));
     const unsigned attributes = expected.attributes.value_or(0);
     const bool exists = expected.attributes.has_value();
     const bool isFolder = (attributes & 16) != 0;
     const std::size_t name = path.size() - fileNamePart(path).size();
-    const FileStatus inFolder = FilesOfFolder(path.substr(0, name)).status(path.substr(name));
-    EXPECT_EQ(inFolder.exists, exists);
-    EXPECT_EQ(inFolder.attributes, attributes);
-    EXPECT_EQ(fileStatus(path).exists, exists);
-    EXPECT_EQ(fileStatus(path).attributes, attributes);
+    for (const FileStatus& status :
+         {fileStatus(path), FilesOfFolder(path.substr(0, name)).status(path.substr(name))}) {
+        EXPECT_EQ(status.exists, exists);
+        EXPECT_EQ(status.attributes, attributes);
+    }
     EXPECT_EQ(FileExists(path), exists);
     EXPECT_EQ(FileExistsByOpen(path), exists && !isFolder);
     EXPECT_EQ(IsFolder(path), isFolder);
@@ -44,15 +45,21 @@ inline std::string bytesOf(const std::u16string& path) {
     return bytes;
 }
 
-/// Each name as bytes, with "/" after a folder and "/@" after a link to one.
-inline std::vector<std::string> shown(const std::vector<FolderEntry>& entries) {
-    std::vector<std::string> names;
-    for (const FolderEntry& entry : entries) {
+/// The names in a folder as bytes, with "/" after a folder and "/@" after a link to one.
+inline Shown listed(const std::u16string& folder) {
+    Shown names;
+    for (const FolderEntry& entry : listFolder(folder)) {
         EXPECT_EQ(entry.isFolder, (entry.folderAttributes & 16) != 0);
         names.push_back(nameBytes(entry.name) + (entry.isFolder ? "/" : "") +
                         ((entry.folderAttributes & 1024) != 0 ? "@" : ""));
     }
     return names;
+}
+
+/// What opening the path fails with, to read and to write.
+inline void expectNoFile(const std::u16string& path, FailureNumber reading, FailureNumber writing) {
+    EXPECT_EQ(failureOf([&] { InputFile file(path); }), reading) << nameBytes(path);
+    EXPECT_EQ(failureOf([&] { OutputFile file(path); }), writing) << nameBytes(path);
 }
 
 } // namespace brindlewick::testing

@@ -1,0 +1,304 @@
+// The buttons and gestures of the two lists: what they show and ask, step by step, and the list that they
+// leave.
+#include "lists/input_file_handlers.h"
+#include "lists/list_drag.h"
+#include "lists/tag_handlers.h"
+#include "platform/busy_scope.h"
+#include "support/failure_of.h"
+#include "support/fake_settings.h"
+#include "support/scripted_user.h"
+#include "support/temporary_folder.h"
+
+namespace brindlewick::testing {
+namespace {
+
+using namespace std::literals;
+using Row = std::optional<std::size_t>;
+using Texts = std::vector<std::u16string>;
+constexpr Row none = std::nullopt;
+
+TextList listOf(const Texts& texts) {
+    TextList list;
+    for (const std::u16string& text : texts)
+        list.append(text);
+    return list;
+}
+
+class Lists : public ::testing::Test {
+protected:
+    TemporaryFolder folder;
+    ScriptedUser user;
+    FakeSettings settings;
+    TextList files;
+    TextList tags;
+    InputFileHandlers fileHandlers{user, settings, files};
+    TagHandlers tagHandlers{user, tags};
+
+    Lists() { user.folder = folder.text(); }
+    /// The transcript, and under it the texts of the lists.
+    template <class... List>
+    std::string outcome(const List&... lists) {
+        std::string all = user.takeTranscript();
+        for (const TextList* list : {&lists...}) {
+            all += "|";
+            for (const std::u16string& text : *list)
+                all += user.shown(text) + "|";
+        }
+        return all;
+    }
+};
+
+TEST_F(Lists, TakeChosenFilesUpToALimit) {
+    const std::string longest(259, 'a');
+    user.answers = {folder.text() + u"\0b.json\0a.json"s, u"", std::u16string(260, u'a'),
+                    std::u16string(259, u'a')};
+    while (!user.answers.empty())
+        fileHandlers.PushButton1_Click();
+    const std::string open =
+        "open: Add File(s) - Hold Ctrl to select multiple files [All Files (*.json)|*.json|] -> ";
+    EXPECT_EQ(outcome(files), open + "~\\0b.json\\0a.json\n" + open + "(cancelled)\n" + open + longest +
+                                  "a\n" +
+                                  "message: You've selected too many files to add.\\r\\rPlease try adding "
+                                  "via the \"Add All\" button.\n" +
+                                  open + longest + "\n|~/b.json|~/a.json|" + longest + "|");
+}
+
+TEST_F(Lists, TakeTheFilesOfAFolderWithTheExtensionAnswered) {
+    folder.write("a.json", "");
+    folder.write("b/c/d.txt", "");
+    user.answers = {u"json", folder.text(), u"*", folder.text("b"), u"xml", u"", u""};
+    bool isBusy = true;
+    user.whenYielding = [&] { isBusy = isBusy && user.isBusy(); };
+    while (!user.answers.empty())
+        fileHandlers.PushButton5_Click();
+    EXPECT_TRUE(isBusy);
+    EXPECT_EQ(
+        outcome(files),
+        R"(ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [json] -> json
+folder: Please select folder: [] -> ~
+pointer: hourglass
+progress: Scanning ~/: 0 files
+progress: Scanning ~/b/: 1 file
+progress: Scanning ~/b/c/: 1 file
+progress: Scanning ~/: 1 file
+progress: Scanning ~/b/: 1 file
+progress: Scanning ~/b/c/: 1 file
+pointer: standard
+summary: 1 file added
+ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [json] -> *
+folder: Please select folder: [~] -> ~/b
+pointer: hourglass
+progress: Scanning ~/b/: 0 files
+progress: Scanning ~/b/c/: 0 files
+progress: Scanning ~/b/: 0 files
+progress: Scanning ~/b/c/: 1 file
+pointer: standard
+summary: 1 file added
+ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [*] -> xml
+folder: Please select folder: [~/b] -> (cancelled)
+ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [xml] -> (cancelled)
+|~/a.json|~/b/c/d.txt|)");
+}
+
+TEST_F(Lists, TakeFilesThoughASettingCannotBeSaved) {
+    folder.write("a.json", "");
+    settings.failureWhenSaving = FailureNumber::diskFull;
+    user.answers = {u"*", folder.text()};
+    fileHandlers.PushButton5_Click();
+    EXPECT_EQ(
+        outcome(files),
+        R"(ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [json] -> *
+report: Disk full in Form1.PushButton5_Click
+folder: Please select folder: [] -> ~
+report: Disk full in Form1.PushButton5_Click
+pointer: hourglass
+progress: Scanning ~/: 0 files
+progress: Scanning ~/: 1 file
+pointer: standard
+summary: 1 file added
+|~/a.json|)");
+}
+
+TEST_F(Lists, TakeTheLinesOfListFilesInOrder) {
+    const std::string longName(250, 'n'); // the limit of a selection does not apply
+    folder.write("1.txt", "/a\\\\b.json\r\n\r\n");
+    folder.write(longName, "c\nd");
+    folder.write("sub.txt/x", "");
+    user.answers = {folder.text() + u"\0sub.txt\0none.txt\0001.txt"s, folder.text(longName), u""};
+    fileHandlers.PushButton16_Click();
+    tagHandlers.PushButton4_Click();
+    tagHandlers.PushButton4_Click();
+    EXPECT_EQ(outcome(files), R"(message: File should look like:\rC:\test\1.xml\rC:\test\2.xml\retc.
+open: Add File(s) - Hold Ctrl to select multiple files [All Files (*.*)|*.*|] -> ~\0sub.txt\0none.txt\01.txt
+report: Permission denied in Form1.PushButton16_Click
+message: File not found
+open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/)" +
+                                  longName + R"(
+open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> (cancelled)
+|/a\\b.json||)");
+    EXPECT_EQ(outcome(tags), "|c|d|");
+}
+
+TEST_F(Lists, TakeWhatIsDroppedInItsOrder) {
+    for (const char* name : {"A/f.json", "A/x/f", "A/~f", "B/f"})
+        folder.write(name, "");
+    fileHandlers.ListView1_OLEDragDrop(
+        {u"none\\\\a.json", folder.text("A"), folder.text("A/~f"), folder.text("B")});
+    // One collection for the drop, so the folders of A are walked again with B.
+    EXPECT_EQ(outcome(files), R"(pointer: hourglass
+progress: Scanning ~/A/: 0 files
+progress: Scanning ~/A/x/: 1 file
+progress: Scanning ~/A/: 1 file
+progress: Scanning ~/A/x/: 2 files
+progress: Scanning ~/A/: 2 files
+progress: Scanning ~/A/x/: 2 files
+progress: Scanning ~/B/: 2 files
+progress: Scanning ~/A/x/: 3 files
+progress: Scanning ~/A/: 1 file
+progress: Scanning ~/A/x/: 2 files
+progress: Scanning ~/B/: 3 files
+progress: Scanning ~/A/x/: 4 files
+pointer: standard
+summary: 8 files added
+|none\\a.json|~/A/f.json|~/A/x/f|~/A/~f|~/A/f.json|~/A/x/f|~/B/f|~/A/x/f|)");
+    files.clear();
+    fileHandlers.ListView1_OLEDragDrop({folder.text("A/~f")}); // no scan
+    const Guard guard(user, u"");
+    BusyScope other(user, guard); // a drop is accepted during another operation
+    fileHandlers.ListView1_OLEDragDrop({folder.text("B"), u"b"});
+    EXPECT_TRUE(user.isBusy());
+    EXPECT_EQ(outcome(files), R"(pointer: hourglass
+progress: Scanning ~/B/: 0 files
+progress: Scanning ~/B/: 1 file
+summary: 2 files added
+|~/A/~f|~/B/f|b|)");
+    other.end([]() -> std::u16string { throw Failure(FailureNumber::outOfMemory); });
+    EXPECT_FALSE(user.isBusy());
+    EXPECT_EQ(user.takeTranscript(), "pointer: standard\nreport: Out of memory in \n");
+}
+
+TEST_F(Lists, LoseTheRowsThatAreRemoved) {
+    fileHandlers.ListView1_DblClick(0); // of no rows
+    tagHandlers.PushButton8_Click(0);
+    tagHandlers.ListView3_KeyDown(deleteKeyCode, 0);
+    files = listOf({u"a", u"b", u"c"});
+    tags = listOf({u"a", u"b", u"c", u"d"});
+    fileHandlers.ListView1_DblClick(none);
+    fileHandlers.ListView1_DblClick(1);
+    tagHandlers.PushButton8_Click(none);
+    tagHandlers.ListView3_KeyDown(deleteKeyCode, none);
+    tagHandlers.ListView3_KeyDown(8, 0);
+    tagHandlers.PushButton8_Click(1);
+    tagHandlers.ListView3_KeyDown(46, 2);
+    EXPECT_EQ(outcome(files, tags), "|a|c||a|c|");
+
+    folder.write("d.json", "");
+    user.answers = {u"json", folder.text()};
+    user.whenYielding = [&] { // during an operation, none is removed
+        fileHandlers.ListView1_DblClick(0);
+        tagHandlers.ListView3_KeyDown(deleteKeyCode, 0);
+    };
+    fileHandlers.PushButton5_Click();
+    static_cast<void>(user.takeTranscript());
+    EXPECT_EQ(outcome(files, tags), "|a|c|~/d.json||a|c|");
+
+    fileHandlers.ListView1_DblClick(3);
+    fileHandlers.PushButton14_Click();
+    tagHandlers.PushButton10_Click();
+    EXPECT_EQ(outcome(files, tags), "report: Subscript out of range in Form1.ListView1_DblClick\n||");
+}
+
+TEST_F(Lists, TakeTagsUnchanged) {
+    user.answers = {u"</name>", u"", u" a ", u" a "};
+    while (!user.answers.empty())
+        tagHandlers.PushButton3_Click();
+    EXPECT_EQ(outcome(tags), R"(ask: Enter tag to add:  [] -> </name>
+ask: Enter tag to add:  [] -> (cancelled)
+ask: Enter tag to add:  [] ->  a 
+ask: Enter tag to add:  [] ->  a 
+|</name>| a | a |)");
+}
+
+TEST_F(Lists, TakeBackTheLastRemoval) {
+    TextList list = listOf({u"a", u"b", u"c"});
+    for (const auto& [first, second] : {std::pair(3, 0), std::pair(0, 3)})
+        EXPECT_EQ(failureOf([&] { list.exchange(std::size_t(first), std::size_t(second)); }),
+                  FailureNumber::subscriptOutOfRange);
+    EXPECT_FALSE(list.restoreTaken());
+    list.removeAt(1);
+    EXPECT_TRUE(list.restoreTaken());
+    EXPECT_FALSE(list.restoreTaken()); // once
+    list.clear();
+    list.clear(); // removes nothing, so changes nothing
+    EXPECT_TRUE(list.restoreTaken());
+    EXPECT_EQ(outcome(list), "|a|b|c|");
+    list.removeAt(0);
+    list.append(u"d");
+    EXPECT_FALSE(list.restoreTaken());
+    list.removeAt(0);
+    list.exchange(0, 1);
+    EXPECT_FALSE(list.restoreTaken());
+    EXPECT_EQ(outcome(list), "|d|c|");
+}
+
+TEST(ListDrag, ExchangesTwoTextsAndScrolls) {
+    const struct {
+        Row under;
+        Row selected;
+        int screenRow;
+        std::u16string texts; ///< afterwards, of a list a b c c
+        Row select;
+        Row scrollTo;
+    } cases[] = {
+        {1, 0, 320, u"bacc", 1, none},       {0, 2, 320, u"cbac", 0, none},
+        {2, 1, -5, u"acbc", 2, 1},           {1, 1, 320, u"abcc", none, none},
+        {2, 3, 320, u"abcc", none, none}, // the same text twice
+        {none, 1, 0, u"abcc", none, none},   {1, none, 320, u"abcc", none, none},
+        {4, 1, 400, u"abcc", none, none},    {1, 4, 320, u"abcc", none, none},
+        {1, none, 304, u"abcc", none, 0},    {1, none, 305, u"abcc", none, none},
+        {1, none, 364, u"abcc", none, none}, {1, none, 365, u"abcc", none, 2},
+        {0, none, 0, u"abcc", none, none},   {3, none, 900, u"abcc", none, none},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(&one - cases);
+        TextList list = listOf({u"a", u"b", u"c", u"c"});
+        ListDrag drag(list);
+        for (const bool isDown : {false, true, false}) {
+            if (isDown)
+                drag.ListView1_MouseDown();
+            const ListDrag::Outcome outcome =
+                drag.ListView1_MouseMove(one.under, one.selected, one.screenRow);
+            EXPECT_EQ(outcome.select, isDown ? one.select : none);
+            EXPECT_EQ(outcome.scrollTo, isDown ? one.scrollTo : none);
+            drag.ListView1_MouseUp();
+        }
+        std::u16string texts;
+        for (const std::u16string& text : list)
+            texts += text;
+        EXPECT_EQ(texts, one.texts);
+    }
+}
+
+TEST(TagSetting, JoinsTagsAndRestoresNonEmptyPieces) {
+    const std::u16string mark = u"||MySeparator12||";
+    EXPECT_EQ(tagsToSetting(listOf({u"a", u"", u" b"})), u"a" + mark + mark + u" b" + mark);
+    const std::pair<std::u16string, Texts> cases[] = {
+        {u"", {}},
+        {mark, {}},
+        {u"a" + mark + mark + u" a " + mark, {u"a", u" a "}},
+        {u"a||MySeparator12|" + mark, {u"a", u"|MySeparator12||"}},
+        {u"|" + mark + u"|", {u"|", u"|"}},
+        {u"A||myseparator12||B", {u"A||myseparator12||B"}},
+    };
+    for (const auto& [stored, expected] : cases) {
+        TextList restored;
+        appendTagsFromSetting(stored, restored);
+        EXPECT_EQ(restored.texts(), expected);
+    }
+    static_cast<void>(tagsToSetting(listOf(Texts(32767, u"t")))); // they are counted in 16 bits
+    EXPECT_EQ(failureOf([] { static_cast<void>(tagsToSetting(listOf(Texts(32768, u"t")))); }),
+              FailureNumber::overflow);
+}
+
+} // namespace
+} // namespace brindlewick::testing

@@ -1,0 +1,226 @@
+// Failures and their report, encodings, letter case, paths as text, the text-file writer, work in the
+// background.
+#include "platform/background_work.h"
+#include "platform/error_report.h"
+#include "platform/letter_case.h"
+#include "platform/text.h"
+#include "platform/text_file_writer.h"
+#include "support/scripted_user.h"
+#include "support/temporary_folder.h"
+
+#include <atomic>
+#include <new>
+#include <random>
+#include <stdexcept>
+#include <thread>
+
+namespace brindlewick::testing {
+namespace {
+
+TEST(Guard, ReportsWhateverEndsAStepAndGoesOn) {
+    struct : ScriptedUser {
+        std::u16string report;
+        void showApplicationError(std::u16string_view text) override {
+            report = text;
+            throw std::bad_alloc(); // a report that fails is left out
+        }
+    } user;
+    const auto failing = [](int number) {
+        return [number] { throw Failure(static_cast<FailureNumber>(number)); };
+    };
+    const std::pair<std::function<void()>, std::u16string> cases[] = {
+        {failing(5), u"Invalid procedure call or argument"},
+        {failing(6), u"Overflow"},
+        {failing(7), u"Out of memory"},
+        {failing(9), u"Subscript out of range"},
+        {failing(13), u"Type mismatch"},
+        {failing(28), u"Out of stack space"},
+        {failing(53), u"File not found"},
+        {failing(57), u"Device I/O error"},
+        {failing(61), u"Disk full"},
+        {failing(70), u"Permission denied"},
+        {failing(76), u"Path not found"},
+        {failing(457), u"This key is already associated with an element of this collection"},
+        {failing(481), u"Invalid picture"},
+        {[] { throw std::bad_alloc(); }, u"Out of memory"},
+        {[] { throw std::length_error(""); }, u"Out of memory"},
+        {[] { throw std::out_of_range(""); }, u"Invalid procedure call or argument"},
+        {[] { throw 1; }, u"Invalid procedure call or argument"},
+    };
+    const std::u16string address =
+        u"\r\rPlease email screenshot of this message to support@brindlewick.example";
+    const Guard guard(user, u"Form1.PushButton7_Click");
+    EXPECT_TRUE(guard([] {}));
+    for (const auto& [step, description] : cases) {
+        const std::u16string line = decimalText(__LINE__ + 1);
+        EXPECT_FALSE(guard(step));
+        EXPECT_EQ(user.report, description + u"\r\nin Corvane2021/08/31.Form1.PushButton7_Click at line " +
+                                   line + address);
+    }
+    Guard(user, u"A.B", u"Another").report(FailureNumber::diskFull, 7);
+    EXPECT_EQ(user.report, u"Disk full\r\nin Another.A.B at line 7" + address);
+}
+
+TEST(FoldCase, GivesTheLastOfALettersForms) {
+    const std::u16string_view letters[] = {
+        u"Aa",       u"Zz",     u"Ää",   u"Þþ", u"ẞ\u00DF", u"÷",  u"×",   u"Σςσ", u"\u212AKk", u"\u212BÅå",
+        u"\u00B5Μμ", u"ſSs",    u"İIıi", u"Ÿÿ", u"Āā",      u"Žž", u"Ǆǅǆ", u"Жж",  u"Ёё",       u"Աա",
+        u"ႠႠⴀ",      u"Ꭰꭰ", u"Ⅷⅷ",   u"Ⓐⓐ", u"Ａａ",    u"@",  u"[",   u"中"};
+    for (const std::u16string_view forms : letters)
+        for (const char16_t form : forms)
+            EXPECT_EQ(foldCase(form), forms.back()) << static_cast<unsigned>(form);
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        const char16_t folded = foldCase(static_cast<char16_t>(unit));
+        ASSERT_EQ(foldCase(folded), folded) << unit;
+        ASSERT_TRUE(folded == unit || unit < 0xD800 || unit > 0xDFFF) << unit;
+    }
+    EXPECT_EQ(foldedCase(u"GRÖSSE \U00010400"), u"grösse \U00010400");
+}
+
+TEST(MatchesPattern, TakesStarsAndQuestionMarks) {
+    using Pairs = std::vector<std::pair<std::u16string_view, std::u16string_view>>;
+    const Pairs matching{{u"", u""},
+                         {u"", u"*"},
+                         {u"A.JSON", u"*.json"},
+                         {u".json", u"*.json"},
+                         {u"README", u"*.*"},
+                         {u"a.b", u"a*.*"},
+                         {u"abc", u"a?c"},
+                         {u"abcabd", u"*abd"},
+                         {u"aab", u"*a?b"},
+                         {u"xaybzc", u"*a*b*c"},
+                         {u"ab", u"ab**"},
+                         {u"ÄB", u"ä?"},
+                         {u"a[b", u"a[b"}};
+    for (const auto& [name, pattern] : matching)
+        EXPECT_TRUE(matchesPattern(name, pattern)) << toUtf8(pattern);
+    const Pairs others{
+        {u"a", u""},          {u"", u"?"},           {u"a.jsonl", u"*.json"}, {u"json", u"*.json"},
+        {u"README", u"*.**"}, {u"README", u"*.?*"},  {u"ab", u"a*.*"},        {u"ac", u"a?c"},
+        {u"ab", u"*a?b"},     {u"xaybz", u"*a*b*c"}, {u"a.json", u"*.js*n.*"}};
+    for (const auto& [name, pattern] : others)
+        EXPECT_FALSE(matchesPattern(name, pattern)) << toUtf8(pattern);
+    std::u16string pattern;
+    for (int star = 0; star < 1000; ++star)
+        pattern += u"*a";
+    EXPECT_FALSE(matchesPattern(std::u16string(4000, u'a'), pattern + u"b")); // not in exponential time
+}
+
+TEST(Paths, AreJoinedAndEndInTheirName) {
+    const std::u16string separator(1, pathSeparator);
+    for (const std::u16string& folder : {std::u16string(u"a"), u"a" + separator})
+        EXPECT_EQ(joinedPath(folder, u"b"), u"a" + separator + u"b");
+    EXPECT_EQ(joinedPath(separator, u"b"), separator + u"b");
+    EXPECT_EQ(withSeparator(joinedPath(u"a", u"")), u"a" + separator);
+    for (const std::u16string_view path : {u"b", u"/x\\a/b", u"/x/a\\b"})
+        EXPECT_EQ(fileNamePart(path), u"b");
+    EXPECT_EQ(fileNamePart(u"/x/"), u"");
+    EXPECT_EQ(fileNamePart(u"C:a"), u"C:a");
+}
+
+TEST(PathBytes, BecomeTextWithAnEscapeForEachByteThatIsNone) {
+    const std::pair<std::string, std::u16string> cases[] = {
+        {"/a b/\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80", u"/a b/\u00E4\u20AC\U0001F600"},
+        {"a\x80z", {u'a', 0xDC80, u'z'}},
+        {"\xE2\x82", {0xDCE2, 0xDC82}},
+        {"\xC0\xAF", {0xDCC0, 0xDCAF}},
+        {"\xED\xA0\x80", {0xDCED, 0xDCA0, 0xDC80}},
+        {"\xF4\x90\x80\x80", {0xDCF4, 0xDC90, 0xDC80, 0xDC80}},
+        {"\xF0\x90\x82\x80\x80", {0xD800, 0xDC80, 0xDC80}}, // a pair, then an escape
+        {"\xEF\xBF\xBD\xFE", {0xFFFD, 0xDCFE}},
+    };
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(textFromPathBytes(bytes), text);
+        EXPECT_EQ(pathBytes(text), bytes);
+    }
+    EXPECT_EQ(pathBytes(std::u16string{0xD800, u'/', 0xDC7F, u'/', 0xDD00, u'/', 0xD800, u'a', 0xDC80}),
+              "\xEF\xBF\xBD/\xEF\xBF\xBD/\xEF\xBF\xBD/\xEF\xBF\xBD\x61\x80");
+    // Lead, continuation and edge bytes are frequent enough to meet in every order.
+    constexpr std::string_view edges = "\x7F\x80\x82\x8F\x90\x9F\xA0\xBF\xC1\xC2\xE0\xED\xEF\xF0\xF4\xF5\xFF";
+    std::mt19937 random(20210831);
+    for (int round = 0; round < 100000; ++round) {
+        std::string bytes(random() % 12, 'a');
+        for (char& byte : bytes)
+            byte = random() % 2 == 0 ? edges[random() % edges.size()] : static_cast<char>(1 + random() % 255);
+        ASSERT_EQ(pathBytes(textFromPathBytes(bytes)), bytes) << "round " << round;
+    }
+}
+
+TEST(Encodings, KeepEveryByteAndReplaceWhatHasNone) {
+    std::string all;
+    for (int byte = 0; byte <= 256 + 0x80; ++byte) // no whole number of blocks
+        all.push_back(static_cast<char>(byte));
+    std::u16string text = u"kept";
+    appendFromWindows1252(all, text);
+    std::string bytes = "kept";
+    appendAsWindows1252(std::u16string_view(text).substr(4), bytes);
+    EXPECT_EQ(bytes, "kept" + all);
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        const auto one = static_cast<char16_t>(unit);
+        const std::size_t byte = text.find(one, 4);
+        ASSERT_EQ(windows1252Byte(one), byte == text.npos ? '?' : static_cast<char>(byte - 4)) << unit;
+    }
+    const std::string edges =
+        "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80"
+        "\xF4\x8F\xBF\xBF";
+    EXPECT_EQ(toUtf8(fromUtf8(edges)), edges);
+    EXPECT_EQ(toUtf8(std::u16string{0xD800, u'a', 0xDC00, 0xDC00, 0xDBFF, 0xD83D, 0xDE00, 0xD800}),
+              "\xEF\xBF\xBD\x61\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xF0\x9F\x98\x80\xEF\xBF\xBD");
+}
+
+TEST(Digits, OfNumbersAndUnits) {
+    EXPECT_EQ(decimalText(std::numeric_limits<std::int32_t>::min()), u"-2147483648");
+    EXPECT_EQ(decimalText(std::numeric_limits<std::uint64_t>::max()), u"18446744073709551615");
+    EXPECT_EQ(trimmedBlanks(u"  \t a\u00A0 "), u"\t a\u00A0");
+    const auto digits = hexadecimalDigits(0x1AF);
+    EXPECT_EQ(std::u16string_view(digits.data(), digits.size()), u"01AF");
+    EXPECT_EQ(unitFromHexadecimal(u"01aF"), u'\u01AF');
+    for (const std::u16string_view other : {u"", u"123", u"12345", u"12g4", u" 123", u"12@4", u"/:`G"})
+        EXPECT_EQ(unitFromHexadecimal(other), std::nullopt) << toUtf8(other);
+}
+
+TEST(TextFileWriter, WritesMoreThanItsBufferHoldsUntilItIsClosed) {
+    const TemporaryFolder folder;
+    TextFileWriter file(folder.write("out.txt", std::string(5'000'000, 'x')));
+    file.write(u"Filename");
+    file.writeBlanks(3);
+    file.write(u"\t\u20AC\u00E4\u4E2D\U0001F600");
+    file.writeLineEnd();
+    file.write(std::u16string(1'000'001, u'\u00E9'));
+    file.writeBlanks(1'000'001);
+    file.close();
+    file.write(u"lost");
+    file.writeLineEnd();
+    file.close();
+    EXPECT_TRUE(folder.read("out.txt") == "Filename   \t\x80\xE4???\r\n" + std::string(1'000'001, '\xE9') +
+                                              std::string(1'000'001, ' '));
+    TextFileWriter(folder.text("out.txt")).write(u"closed by its end");
+    EXPECT_EQ(folder.read("out.txt"), "closed by its end");
+    if (std::filesystem::exists("/dev/full")) {
+        EXPECT_NO_THROW(TextFileWriter(u"/dev/full").write(u"x"));
+    }
+}
+
+TEST(BackgroundWork, CallsTheCallersThreadMeanwhileAndThrowsAfterItsEnd) {
+    const auto caller = std::this_thread::get_id();
+    std::atomic<int> calls = 0;
+    bool isDone = false;
+    const auto work = [&] { // until the third call, for 20 seconds at most
+        for (int left = 20'000; calls < 3 && left > 0; --left)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        isDone = true;
+    };
+    const auto meanwhile = [&] {
+        EXPECT_EQ(std::this_thread::get_id(), caller);
+        if (++calls == 3)
+            throw Failure(FailureNumber::outOfMemory);
+    };
+    EXPECT_THROW(runInBackground(work, meanwhile), Failure);
+    EXPECT_GE(calls, 3);
+    EXPECT_TRUE(isDone);
+    EXPECT_THROW(runInBackground([] { throw Failure(FailureNumber::deviceIoError); }, [] {}), Failure);
+}
+
+} // namespace
+} // namespace brindlewick::testing

@@ -1,0 +1,183 @@
+// What only POSIX systems have: links, pipes, names of any bytes, special files, and files that change while
+// a run reads them.
+#include "extract/extraction_run.h"
+#include "lists/scanned_tree.h"
+#include "platform/path_status.h"
+
+#include <fcntl.h>
+#include <fstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace brindlewick::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(LinksAndPipes, AreLookedAtListedAndOpened) {
+    const TemporaryFolder folder;
+    folder.write("file", "four");
+    folder.write("folder/inside", "");
+    fs::create_symlink("file", folder.path() / "fileLink");
+    fs::create_symlink("folder", folder.path() / "folderLink");
+    fs::create_symlink("nowhere", folder.path() / "deadLink");
+    fs::create_symlink("circle", folder.path() / "circle");
+    ::mkfifo((folder.path() / "pipe").c_str(), 0600);
+    const Status cases[] = {
+        {u"fileLink", 32},
+        {u"folderLink", 1046},
+        {u"folderLink/", 1046},
+        {u"folderLink/inside", 32},
+        {u"pipe", 0},
+        {u"deadLink", std::nullopt, FailureNumber::fileNotFound},
+        {u"circle", std::nullopt, FailureNumber::deviceIoError},
+    };
+    for (const Status& expected : cases)
+        expectStatus(folder.text() + u"/" + expected.name, expected);
+    EXPECT_EQ(listed(folder.text()),
+              (Shown{"circle", "deadLink", "file", "fileLink", "folder/", "folderLink/@", "pipe"}));
+    EXPECT_EQ(listed(folder.text("folderLink")), Shown{"inside"});
+    EXPECT_EQ(failureOf([&] { static_cast<void>(listFolder(folder.text("deadLink"))); }),
+              FailureNumber::pathNotFound);
+    EXPECT_EQ(InputFile(folder.text("fileLink")).length(), 4U);
+    std::string bytes(3, '\0');
+    EXPECT_EQ(InputFile(folder.text("pipe")).read(bytes), 0U); // does not wait for a writer
+    expectNoFile(folder.text("circle"), FailureNumber::deviceIoError, FailureNumber::deviceIoError);
+    expectNoFile(folder.text("folderLink"), FailureNumber::permissionDenied, FailureNumber::permissionDenied);
+}
+
+TEST(Names, OfAnyBytesAreListedAndOpened) {
+    const TemporaryFolder folder;
+    const Shown names = {" ", "...", "A",  "a",        "a\nb",     "a\\b",
+                         "B", "b",   "b.", "\xC3\x84", "\xC3\xA4", "\xFF"};
+    for (const std::string& name : names)
+        std::ofstream(folder.path() / name) << name;
+    EXPECT_EQ(listed(folder.text()), names);
+    for (const FolderEntry& entry : listFolder(folder.text()))
+        EXPECT_EQ(bytesOf(folder.text() + u"/" + entry.name), nativePath(entry.name).native());
+    EXPECT_EQ(pathText("/\xC3\xA4\xFF"), (std::u16string{u'/', u'\u00E4', 0xDCFF}));
+}
+
+TEST(SpecialFiles, FailAsTheSystemSays) {
+    if (fs::exists("/proc/self/mem")) { // opens, but nothing is mapped at address 0
+        InputFile unreadable(u"/proc/self/mem");
+        std::string bytes(1, '\0');
+        EXPECT_EQ(failureOf([&] { static_cast<void>(unreadable.read(bytes)); }),
+                  FailureNumber::deviceIoError);
+    }
+    if (fs::exists("/sys/kernel")) { // refuses files from root too
+        EXPECT_EQ(failureOf([&] { OutputFile file(u"/sys/kernel/brindlewick"); }),
+                  FailureNumber::permissionDenied);
+    }
+}
+
+TEST(Scan, DoesNotFollowLinks) {
+    Tree tree({"a/x.json", "b/y.json", "b/sub/z.json"});
+    fs::create_directory_symlink(tree.folder.path(), tree.folder.path() / "a/up");
+    fs::create_directory_symlink("../b", tree.folder.path() / "a/side");
+    fs::create_symlink("x.json", tree.folder.path() / "a/file.json");
+    fs::create_symlink("nowhere", tree.folder.path() / "a/dangling.json");
+    EXPECT_EQ(tree.scan({"."}), (Names{"a/file.json", "a/x.json", "b/y.json", "b/sub/z.json"}));
+    for (const char* start : {"a/side", "a/side/"}) // listed, but not its subfolders
+        EXPECT_EQ(tree.scan({start}), Names{"a/side/y.json"});
+}
+
+TEST(Scan, LeavesOutWhatCannotBeReadWithoutAReport) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root reads every folder";
+    Tree tree({"a/1", "closed/2", "closed/sub/3", "d/4"});
+    const std::u16string inside = tree.folder.text("closed/2");
+    fs::permissions(tree.folder.path() / "closed", fs::perms::none);
+    EXPECT_EQ(tree.scan({"."}), (Names{"a/1", "d/4"}));
+    EXPECT_EQ(tree.scan({"closed"}), Names{});
+    EXPECT_EQ(failureOf([&] { InputFile opened(inside); }), FailureNumber::permissionDenied);
+    EXPECT_FALSE(FileExists(inside));
+    fs::permissions(tree.folder.path() / "closed", fs::perms::owner_all);
+}
+
+TEST(Scan, EntersNoFolderWithABadNameButListsFilesOfAnyName) {
+    Tree tree(
+        {"a\tb", "b\\\\c/d", "not\xFF.json", "what?", "t\t/3", "w?/2", "bell\a/ok/4", "n\xFFt/5", "\x7F/6"});
+    EXPECT_EQ(tree.scan({"."}), (Names{"a\tb", "not\xFF.json", "what?", "b\\c/d"})); // doubled "\" become one
+}
+
+/// A run over a file between two good ones.
+class OddFiles : public ::testing::Test {
+protected:
+    const std::string record = "{\"name\":\"some text\"},\n";
+    TemporaryFolder folder;
+    ScriptedUser user;
+    ResultsTable table;
+
+    /// The first report; the rows of the other files must be there.
+    std::string reportOfRunAround(const std::u16string& path) {
+        const std::vector<std::u16string> paths = {folder.write("1.json", record), path,
+                                                   folder.write("3.json", record)};
+        const std::vector<std::u16string> tags = {u"name"};
+        FakeSettings settings;
+        ExtractionOptions options(settings);
+        options.chooseMode(ExtractionMode::entireLine);
+        ExtractionRun(user, options, paths, tags, table).PushButton7_Click();
+        EXPECT_GE(table.rowCount(), 2U);
+        EXPECT_EQ(table.cell(table.rowCount() - 1, 0), u"{\"name\":\"some text\"}");
+        const std::string transcript = user.takeTranscript();
+        EXPECT_TRUE(transcript.ends_with(" rows found\nmessage: Done.\n"));
+        const std::size_t report = std::min(transcript.find("report: "), transcript.size());
+        EXPECT_EQ(transcript.find("report: ", report + 1), transcript.npos);
+        return transcript.substr(report, transcript.find('\n', report) - report);
+    }
+};
+
+TEST_F(OddFiles, GiveOneReportOrNone) {
+    const std::string pipe = (folder.path() / "pipe").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    fs::create_symlink("loop", folder.path() / "loop");
+    folder.write("sparse", "");
+    fs::resize_file(folder.path() / "sparse", 200'000'000);
+    const std::string routine = " in Form1.PushButton7_Click";
+    const std::pair<std::u16string, std::string> cases[] = {
+        {folder.text(), "report: Permission denied" + routine},
+        {folder.text("missing/file"), "report: Path not found" + routine},
+        {folder.text("loop"), "report: Device I/O error" + routine},
+        {folder.text("pipe"), ""},
+        {u"/dev/zero", ""},
+        {folder.text("sparse"), ""},
+    };
+    for (const auto& [path, report] : cases) {
+        EXPECT_EQ(reportOfRunAround(path), report);
+        EXPECT_EQ(table.rowCount(), 2U);
+    }
+    const int writer = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK);
+    ASSERT_EQ(::write(writer, record.data(), record.size()), static_cast<ssize_t>(record.size()));
+    EXPECT_EQ(reportOfRunAround(folder.text("pipe")), "");
+    ::close(writer);
+    EXPECT_EQ(table.rowCount(), 2U);
+}
+
+TEST_F(OddFiles, ThatChangeWhileTheyAreReadEndWhereTheyEnd) {
+    constexpr std::size_t records = 50000;
+    std::string bytes = "\xEF\xBB\xBF";
+    for (std::size_t left = records; left > 0; --left)
+        bytes += record;
+    const fs::path file = folder.path() / "long.json";
+    const std::function<void()> changes[] = {
+        [&] { fs::remove(file); },
+        [&] { fs::resize_file(file, bytes.size() / 2); },
+        [&] { fs::resize_file(file, 0); },
+        [&] { std::ofstream(file, std::ios::app) << record; },
+    };
+    for (const auto& change : changes) {
+        const std::u16string path = folder.write("long.json", bytes);
+        std::size_t yields = 0;
+        user.whenYielding = [&] {
+            if (++yields == 20)
+                change();
+        };
+        EXPECT_EQ(reportOfRunAround(path), "");
+        EXPECT_GT(table.rowCount(), 1000U); // what was read before the change
+        EXPECT_LE(table.rowCount(), records + 3);
+    }
+}
+
+} // namespace
+} // namespace brindlewick::testing
