@@ -11,10 +11,6 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
-#include <QProgressBar>
-#include <QStatusBar>
-#include <QStyle>
 #include <QUrl>
 #include <QWidget>
 #include <algorithm>
@@ -26,24 +22,7 @@ namespace {
 constexpr qint64 minPause = 8'000'000;   // ns; half a frame at 60 Hz
 constexpr qint64 maxPause = 100'000'000; // ns; a longer pause is noticed
 constexpr int maxDispatch = 5;           // ms
-constexpr qint64 progressInterval = 50;  // ms
-constexpr int progressSteps = 1000;
-constexpr int answerWidth = 60;             // characters of average width
-constexpr std::size_t maxStatusText = 1000; // code units; wider than any screen
-
-/// Paints the text without its middle if it does not fit: the ends of a path matter most.
-class ElidedLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        const QString line = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                              isEnabled(), line, foregroundRole());
-    }
-};
+constexpr int answerWidth = 60;          // characters of average width
 
 } // namespace
 
@@ -59,24 +38,8 @@ std::u16string applicationTitle(std::u16string_view name) {
 }
 
 WindowUser::WindowUser(QWidget& window, QStatusBar& statusBar)
-    : window_(window), statusBar_(statusBar), title_(toQString(displayName)) {
-    progressLabel_ = new ElidedLabel(&statusBar_);
-    progressLabel_->setObjectName(QStringLiteral("progressLabel"));
-    progressLabel_->setTextFormat(Qt::PlainText);
-    progressLabel_->setContentsMargins(6, 0, 6, 0);
-    // Ignored: a long path must not widen the window.
-    progressLabel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    progressLabel_->setAccessibleName(QStringLiteral("Status"));
-    progressBar_ = new QProgressBar(&statusBar_);
-    progressBar_->setObjectName(QStringLiteral("progressBar"));
-    progressBar_->setAccessibleName(QStringLiteral("Progress"));
-    progressBar_->setFixedWidth(200);
-    progressBar_->hide();
-    statusBar_.addWidget(progressLabel_, 1);
-    statusBar_.addPermanentWidget(progressBar_);
-    progressBar_->hide();
+    : window_(window), narrator_(statusBar), title_(toQString(displayName)) {
     sinceDispatch_.start();
-    sinceProgress_.start();
 }
 
 void WindowUser::setApplicationTitle(std::u16string_view title) {
@@ -94,22 +57,22 @@ void WindowUser::setBeforeDispatch(std::function<void()> beforeDispatch) {
 }
 
 void WindowUser::showMessage(std::u16string_view text) {
-    catchUp();
+    catchUpForDialog();
     showMessageDialog(window_, title_, text, MessageKind::information);
 }
 
 void WindowUser::showApplicationError(std::u16string_view text) {
-    catchUp();
+    catchUpForDialog();
     showMessageDialog(window_, QStringLiteral("Application Error"), text, MessageKind::warning);
 }
 
 bool WindowUser::askYesNo(std::u16string_view text) {
-    catchUp();
+    catchUpForQuestion();
     return showMessageDialog(window_, title_, text, MessageKind::question);
 }
 
 std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_view proposedAnswer) {
-    catchUp();
+    catchUpForQuestion();
     QInputDialog dialog(&window_);
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(title_);
@@ -124,17 +87,17 @@ std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_vi
 }
 
 std::u16string WindowUser::chooseFilesToOpen(const FileDialog& dialog) {
-    catchUp();
+    catchUpForQuestion();
     return joinedSelection(runOpenDialog(window_, dialog, lastFolder_));
 }
 
 std::u16string WindowUser::chooseFileToSave(const FileDialog& dialog) {
-    catchUp();
+    catchUpForQuestion();
     return fromQString(runSaveDialog(window_, dialog, lastFolder_));
 }
 
 std::u16string WindowUser::browseForFolder(std::u16string_view prompt, std::u16string_view startFolder) {
-    catchUp();
+    catchUpForQuestion();
     return fromQString(runFolderDialog(window_, shownLines(prompt), toQString(startFolder)));
 }
 
@@ -169,20 +132,12 @@ void WindowUser::yield() {
 }
 
 void WindowUser::showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) {
-    progressText_.assign(text.substr(0, maxStatusText));
-    progressDone_ = done;
-    progressTotal_ = total;
-    progressChanged_ = true;
-    if (!progressRunning_)
-        drawProgress();
-    progressRunning_ = true;
+    narrator_.showProgress(text, done, total);
 }
 
 void WindowUser::endProgress(std::u16string_view summary) {
-    progressRunning_ = false;
-    progressChanged_ = false;
-    progressBar_->hide();
-    setStatusText(summary.substr(0, maxStatusText));
+    catchUp(); // a change that is reported later would replace the summary
+    narrator_.endProgress(summary);
 }
 
 void WindowUser::setClipboardText(std::u16string_view text) {
@@ -201,30 +156,19 @@ void WindowUser::openFolder(std::u16string_view folder) {
 void WindowUser::catchUp() {
     if (beforeDispatch_)
         beforeDispatch_();
-    if (progressChanged_ && sinceProgress_.elapsed() >= progressInterval)
-        drawProgress();
+    narrator_.update();
 }
 
-void WindowUser::drawProgress() {
-    progressChanged_ = false;
-    sinceProgress_.start();
-    setStatusText(progressText_);
-    if (progressTotal_ == 0) {
-        progressBar_->setRange(0, 0);
-    } else {
-        const double share = static_cast<double>(std::min(progressDone_, progressTotal_)) /
-                             static_cast<double>(progressTotal_);
-        progressBar_->setRange(0, progressSteps);
-        progressBar_->setValue(static_cast<int>(share * progressSteps));
-    }
-    progressBar_->show();
+void WindowUser::catchUpForDialog() {
+    catchUp();
+    narrator_.updateNow();
 }
 
-void WindowUser::setStatusText(std::u16string_view text) {
-    QString line = toQString(text);
-    std::replace_if(
-        line.begin(), line.end(), [](QChar unit) { return unit < u' '; }, QChar(u' '));
-    progressLabel_->setText(line);
+/// A question is the beginning of an operation, unless it is part of one.
+void WindowUser::catchUpForQuestion() {
+    catchUpForDialog();
+    if (!isBusy())
+        narrator_.showCounts();
 }
 
 } // namespace brindlewick

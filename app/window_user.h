@@ -1,6 +1,7 @@
 // UserInterface for the main window: message boxes, dialogs, pointer, clipboard and event loop.
 #pragma once
 
+#include "app/narrator.h"
 #include "platform/user_interface.h"
 
 #include <QCursor>
@@ -11,8 +12,6 @@
 #include <string>
 #include <string_view>
 
-class QLabel;
-class QProgressBar;
 class QStatusBar;
 class QWidget;
 
@@ -30,6 +29,7 @@ public:
     /// `window` owns the dialogs; `statusBar` shows progress. Both must outlive this object.
     WindowUser(QWidget& window, QStatusBar& statusBar);
 
+    [[nodiscard]] Narrator& narrator() noexcept { return narrator_; }
     void setApplicationTitle(std::u16string_view title);
     /// The picture of the custom pointer; without one the custom pointer is the arrow.
     void setHandPointer(const QCursor& hand);
@@ -51,7 +51,6 @@ public:
     /// Handles events if the last handling is at least 8 ms and eight times its own duration ago, but waits
     /// no longer than 100 ms. Otherwise it only reads the clock.
     void yield() override;
-    /// Stores the values. The widgets are updated at most every 50 ms, before events are handled.
     void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) override;
     void endProgress(std::u16string_view summary) override;
     void setClipboardText(std::u16string_view text) override;
@@ -59,13 +58,11 @@ public:
 
 private:
     void catchUp();
-    void drawProgress();
-    void setStatusText(std::u16string_view text);
+    void catchUpForDialog();
+    void catchUpForQuestion();
 
     QWidget& window_;
-    QStatusBar& statusBar_;
-    QLabel* progressLabel_ = nullptr;
-    QProgressBar* progressBar_ = nullptr;
+    Narrator narrator_;
     QString title_;
     QString lastFolder_;
     PointerShape pointer_ = PointerShape::standard;
@@ -74,12 +71,6 @@ private:
 
     QElapsedTimer sinceDispatch_;
     qint64 dispatchPause_ = 0; ///< nanoseconds until `yield` handles events again
-    std::u16string progressText_;
-    std::uint64_t progressDone_ = 0;
-    std::uint64_t progressTotal_ = 0;
-    bool progressRunning_ = false;
-    bool progressChanged_ = false;
-    QElapsedTimer sinceProgress_;
 };
 
 } // namespace brindlewick

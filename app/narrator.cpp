@@ -1,0 +1,127 @@
+#include "app/narrator.h"
+
+#include "app/qt_text.h"
+
+#include <QAccessibleWidget>
+#include <QLabel>
+#include <QPainter>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QStyle>
+#include <algorithm>
+#include <utility>
+
+namespace brindlewick {
+
+namespace {
+
+constexpr qint64 updateInterval = 50; // ms
+constexpr int progressSteps = 1000;
+
+/// Paints the text without its middle if it does not fit: the ends of a path matter most.
+class ElidedLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const QString line = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), line, foregroundRole());
+    }
+};
+
+/// Screen readers read out a notification when it is shown, but not the label of a status bar.
+QAccessibleInterface* makeNotification(const QString&, QObject* object) {
+    auto* const label = dynamic_cast<ElidedLabel*>(object);
+    return label != nullptr ? new QAccessibleWidget(label, QAccessible::Notification) : nullptr;
+}
+
+/// Asks assistive tools to read out the label's text.
+void announce(QLabel& label) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent event(&label, label.text());
+    QAccessible::updateAccessibility(&event);
+#else
+    // The first is for Linux, the second for Windows.
+    for (const QAccessible::Event type : {QAccessible::ObjectShow, QAccessible::Alert}) {
+        QAccessibleEvent event(&label, type);
+        QAccessible::updateAccessibility(&event);
+    }
+#endif
+}
+
+} // namespace
+
+Narrator::Narrator(QStatusBar& statusBar)
+    : label_(new ElidedLabel(&statusBar)), bar_(new QProgressBar(&statusBar)) {
+    QAccessible::installFactory(makeNotification);
+    label_->setObjectName(QStringLiteral("progressLabel"));
+    label_->setTextFormat(Qt::PlainText);
+    label_->setContentsMargins(6, 0, 6, 0);
+    // Ignored: a long path must not widen the window.
+    label_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bar_->setObjectName(QStringLiteral("progressBar"));
+    bar_->setAccessibleName(QStringLiteral("Progress"));
+    bar_->setFixedWidth(200);
+    statusBar.addWidget(label_, 1);
+    statusBar.addPermanentWidget(bar_);
+    bar_->hide();
+    setText({});
+    sinceUpdate_.start();
+}
+
+void Narrator::setCounts(std::function<std::u16string()> counts) {
+    counts_ = std::move(counts);
+}
+
+void Narrator::showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) {
+    text_.assign(text);
+    done_ = done;
+    total_ = total;
+    hasChanged_ = true;
+    if (!std::exchange(isRunning_, true))
+        updateNow();
+}
+
+void Narrator::endProgress(std::u16string_view summary) {
+    isRunning_ = false;
+    hasChanged_ = false;
+    bar_->hide();
+    setText(summary);
+    announce(*label_);
+}
+
+void Narrator::showCounts() {
+    if (!isRunning_)
+        setText(counts_ ? counts_() : std::u16string());
+}
+
+void Narrator::update() {
+    if (sinceUpdate_.elapsed() >= updateInterval)
+        updateNow();
+}
+
+void Narrator::updateNow() {
+    if (!std::exchange(hasChanged_, false))
+        return;
+    sinceUpdate_.start();
+    setText(text_);
+    if (total_ == 0) {
+        bar_->setRange(0, 0);
+    } else {
+        const double share = static_cast<double>(std::min(done_, total_)) / static_cast<double>(total_);
+        bar_->setRange(0, progressSteps);
+        bar_->setValue(static_cast<int>(share * progressSteps));
+    }
+    bar_->show();
+}
+
+void Narrator::setText(std::u16string_view text) {
+    const QString shown = displayPath(text); // a path is at the end of most texts
+    label_->setText(shown);
+    label_->setAccessibleName(shown.isEmpty() ? QStringLiteral("Status") : shown);
+}
+
+} // namespace brindlewick
