@@ -144,18 +144,17 @@ TEST_F(RefusedMemory, EndsAScanAndAListFile) {
 }
 
 TEST_F(RefusedMemory, IsReportedByTheStatusOfAFile) {
-    const std::u16string found = u"a long name, which needs memory.json";
-    const std::u16string missing = u"a long name of no file.json";
     folder.write("a long name, which needs memory.json", "{}");
     const FilesOfFolder files(withSeparator(folder.text()));
-    for (const std::u16string& name : {missing, found}) {
+    for (const bool exists : {false, true}) {
         FileStatus status;
-        refuseEveryAllocation(
-            [&] {
-                status = {};
-                guard([&] { status = files.status(name); });
-            },
-            [&] { EXPECT_EQ(status.exists, name == found && user.reports == 0); });
+        const auto look = [&] {
+            status = {};
+            status = files.status(exists ? u"a long name, which needs memory.json"
+                                         : u"a long name of no file.json");
+        };
+        refuseEveryAllocation([&] { guard(look); },
+                              [&] { EXPECT_EQ(status.exists, exists && user.reports == 0); });
     }
 }
 

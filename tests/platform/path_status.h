@@ -34,8 +34,12 @@ inline void expectStatus(const std::u16string& path, const Status& expected) {
     EXPECT_EQ(FileExistsByOpen(path), exists && !isFolder);
     EXPECT_EQ(IsFolder(path), isFolder);
     EXPECT_EQ(failureOf([&] { EXPECT_EQ(fileAttributes(path), attributes); }), expected.failure);
-    EXPECT_EQ(failureOf([&] { static_cast<void>(fileLength(path)); }),
-              isFolder ? FailureNumber::permissionDenied : expected.failure);
+    const auto reading = isFolder ? FailureNumber::permissionDenied : expected.failure;
+    EXPECT_EQ(failureOf([&] { static_cast<void>(fileLength(path)); }), reading);
+    EXPECT_EQ(failureOf([&] { InputFile file(path); }), reading);
+    if (reading && reading != FailureNumber::fileNotFound) { // otherwise the file could be written
+        EXPECT_EQ(failureOf([&] { OutputFile file(path); }), reading);
+    }
 }
 
 /// The first ten bytes of a file.
@@ -54,12 +58,6 @@ inline Shown listed(const std::u16string& folder) {
                         ((entry.folderAttributes & 1024) != 0 ? "@" : ""));
     }
     return names;
-}
-
-/// What opening the path fails with, to read and to write.
-inline void expectNoFile(const std::u16string& path, FailureNumber reading, FailureNumber writing) {
-    EXPECT_EQ(failureOf([&] { InputFile file(path); }), reading) << nameBytes(path);
-    EXPECT_EQ(failureOf([&] { OutputFile file(path); }), writing) << nameBytes(path);
 }
 
 } // namespace brindlewick::testing
