@@ -11,12 +11,13 @@
 namespace brindlewick {
 
 QByteArray readSmallFile(std::u16string_view path, std::size_t limit) {
-    InputFile file(path);
+    const InputFile file(path);
     QByteArray bytes;
     std::array<char, 16384> chunk;
     while (static_cast<std::size_t>(bytes.size()) <= limit) {
         const std::size_t room = limit + 1 - static_cast<std::size_t>(bytes.size());
-        const std::size_t count = file.read(std::span(chunk).first(std::min(room, chunk.size())));
+        const std::size_t count = file.readAt(static_cast<std::uint64_t>(bytes.size()),
+                                              std::span(chunk).first(std::min(room, chunk.size())));
         if (count == 0)
             break;
         bytes.append(chunk.data(), static_cast<qsizetype>(count));

@@ -1,6 +1,7 @@
 // Runs the real extraction on files without a window and prints the rows, or how fast they came.
 //
-//     extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- FILE...
+//     extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE]
+//                  [--threads N] [--count] -- FILE...
 
 #include "process_memory.h"
 #include "unattended.h"
@@ -8,11 +9,13 @@
 #include "extract/extraction_run.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
+#include "platform/files.h"
 #include "platform/native_path.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
 #include "platform/user_interface.h"
 
+#include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -30,14 +33,15 @@ using namespace brindlewick;
 constexpr int wrongArguments = 2;
 
 constexpr const char* usageBeforeModes =
-    "usage: extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] [--count] -- "
-    "FILE...\n"
+    "usage: extract_rows --mode N [--include-filename] [--tag TEXT]... [--tags-file FILE] "
+    "[--threads N] [--count] -- FILE...\n"
     "  --mode N            the extraction mode:\n"
     "                      0 none\n";
 constexpr const char* usageAfterModes =
     "  --include-filename  rows carry the file's path\n"
     "  --tag TEXT          a tag to look for\n"
     "  --tags-file FILE    UTF-8, one tag a line (LF or CR LF); the last line's end adds no tag\n"
+    "  --threads N         how many worker threads read; 0, the default: one a processor\n"
     "  --count             print figures instead of rows\n";
 
 void printUsage() {
@@ -60,9 +64,15 @@ struct Arguments {
     std::optional<ExtractionMode> mode;
     bool includeFilename = false;
     bool countOnly = false;
+    ReadAhead readAhead;
     std::vector<std::u16string> tags;
     std::vector<std::u16string> files;
 };
+
+bool readNumber(std::string_view text, std::size_t& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
+}
 
 bool appendTagsFile(const char* path, std::vector<std::u16string>& tags) {
     std::ifstream file(path, std::ios::binary);
@@ -96,6 +106,10 @@ std::optional<Arguments> readArguments(std::span<char*> words) {
             arguments.includeFilename = true;
         } else if (word == "--count") {
             arguments.countOnly = true;
+        } else if (word == "--threads") {
+            const char* const number = value();
+            if (number == nullptr || !readNumber(number, arguments.readAhead.workers))
+                return std::nullopt;
         } else if (word == "--tag") {
             const char* const tag = value();
             if (tag == nullptr)
@@ -135,6 +149,15 @@ void appendJsonString(std::u16string_view text, std::string& line) {
     line.push_back('"');
 }
 
+/// In bytes; 0 for a file that cannot be looked at.
+std::uint64_t lengthOf(const std::u16string& path) {
+    try {
+        return fileLength(path);
+    } catch (const Failure&) {
+        return 0;
+    }
+}
+
 void printRows(const ResultsTable& table) {
     std::string line;
     for (std::size_t row = 0; row < table.rowCount(); ++row) {
@@ -164,7 +187,7 @@ int main(int count, char** words) {
     options.chooseMode(*arguments->mode);
     options.setIncludeFilename(arguments->includeFilename);
     ResultsTable table;
-    ExtractionRun run(user, options, arguments->files, arguments->tags, table);
+    ExtractionRun run(user, options, arguments->files, arguments->tags, table, arguments->readAhead);
 
     const auto start = std::chrono::steady_clock::now();
     run.PushButton7_Click();
@@ -174,7 +197,9 @@ int main(int count, char** words) {
         printRows(table);
         return 0;
     }
-    const std::uint64_t bytes = run.bytesRead();
+    std::uint64_t bytes = 0;
+    for (const std::u16string& file : arguments->files)
+        bytes += lengthOf(file);
     std::printf("%zu rows, %llu bytes, %.6f seconds, %.1f MB/s, %llu bytes peak resident\n", table.rowCount(),
                 static_cast<unsigned long long>(bytes), seconds, static_cast<double>(bytes) / 1e6 / seconds,
                 static_cast<unsigned long long>(peakResidentBytes()));

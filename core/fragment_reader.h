@@ -12,10 +12,8 @@
 #include "platform/failure.h"
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 namespace brindlewick {
 
@@ -48,9 +46,6 @@ class FragmentReader : private LeafReader<Sink> {
 public:
     explicit FragmentReader(Sink& sink) noexcept : LeafReader<Sink>(sink) {}
 
-    /// Has `pause` called now and then while a very long fragment is read.
-    void setPause(std::function<void()> pause) { pause_ = std::move(pause); }
-
     /// Reads the fragment at `at` (code units from 0, in and out) and leaves `at` where it ended, which is on
     /// the
     /// "," or "[" that ended an object. False when no text is left: the last unit of a text is never the
@@ -78,8 +73,6 @@ private:
     using Leaves = LeafReader<Sink>;
     using Leaves::at_, Leaves::end_, Leaves::sink_;
     using Leaves::atEnd, Leaves::unit, Leaves::skipIgnorable;
-
-    static constexpr std::size_t valuesBetweenPauses = std::size_t{1} << 15;
 
     void readObject() {
         if (const PlainMember taken = sink_.takePlainMember(at_, end_); taken != PlainMember::wholeObject)
@@ -114,7 +107,6 @@ private:
                 sink_.dropMember(object, *failure);
                 break;
             }
-            countValue();
         }
         sink_.closeObject(object);
     }
@@ -150,7 +142,6 @@ private:
                 break;
             }
             sink_.endElement(array);
-            countValue();
         }
         sink_.closeArray(array);
     }
@@ -188,17 +179,7 @@ private:
         }
     }
 
-    void countValue() {
-        if (--valuesUntilPause_ > 0)
-            return;
-        valuesUntilPause_ = valuesBetweenPauses;
-        if (pause_)
-            pause_();
-    }
-
     int nesting_ = 1;
-    std::size_t valuesUntilPause_ = valuesBetweenPauses;
-    std::function<void()> pause_;
 };
 
 } // namespace brindlewick

@@ -16,19 +16,15 @@ constexpr std::size_t maxBatchBefore = std::size_t{1} << 20;
 LineReader::LineReader(std::size_t maxLineLength)
     : writer_(maxLineLength + std::min(16 * maxLineLength, maxBatchBefore)), maxLineLength_(maxLineLength) {}
 
-void LineReader::setPause(const std::function<void()>& pause) {
-    lines_.setPause(pause);
-    skips_.setPause(pause);
-}
-
 void LineReader::startBatch() noexcept {
     writer_.buffer().cutTo(0);
     lineStart_ = 0;
     ends_.clear();
+    starts_.clear();
 }
 
 FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at, bool isWhole,
-                                      std::size_t batchLength) {
+                                      std::size_t batchLength, std::size_t stopAt) {
     UnitBuffer& lines = writer_.buffer();
     if (lines.length() > maxBatchBefore)
         startBatch();
@@ -44,9 +40,11 @@ FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at,
                 reading = FragmentReading::tooLong;
             if (!isWhole && at + maxLookAhead > text.size())
                 reading = FragmentReading::needsText;
-            if (reading == FragmentReading::line)
+            if (reading == FragmentReading::line) {
                 ends_.push_back(static_cast<std::uint32_t>(lines.length()));
-        } while (reading == FragmentReading::line && lines.length() < batchLength);
+                starts_.push_back(textStart_ + start);
+            }
+        } while (reading == FragmentReading::line && lines.length() < batchLength && at < stopAt);
     } catch (const Failure&) {
         // The line does not fit: read again without writing, to find the fragment's end.
         at = start;
@@ -54,6 +52,7 @@ FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at,
         reading = !isWhole && at + maxLookAhead > text.size() ? FragmentReading::needsText
                                                               : FragmentReading::tooLong;
     }
+    lastStart_ = textStart_ + start;
     if (reading != FragmentReading::line)
         lines.cutTo(lineStart_);
     if (reading == FragmentReading::needsText)

@@ -7,9 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace brindlewick {
@@ -29,8 +27,6 @@ public:
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
-    /// Has `pause` called now and then while a very long fragment is read.
-    void setPause(const std::function<void()>& pause);
     /// Forgets the lines read so far.
     void startBatch() noexcept;
     /// Reads the fragment at `at` (code units from 0, in and out) and adds its line to the batch. Unless
@@ -40,13 +36,19 @@ public:
     FragmentReading next(std::u16string_view text, std::size_t& at, bool isWhole = true) {
         return readBatch(text, at, isWhole, 0);
     }
-    /// The same for one fragment after another, until the batch has `batchLength` code units or one gives no
-    /// line; returns what became of the last.
+    /// The same for one fragment after another, until the batch has `batchLength` code units, one ends at
+    /// `stopAt` or after it, or one gives no line; returns what became of the last.
     FragmentReading readBatch(std::u16string_view text, std::size_t& at, bool isWhole,
-                              std::size_t batchLength);
+                              std::size_t batchLength, std::size_t stopAt = std::u16string_view::npos);
+    /// The texts that follow begin `units` code units after the place that starts() counts from.
+    void setTextStart(std::uint64_t units) noexcept { textStart_ = units; }
 
     /// Valid until the next call.
     LineBatch batch() const noexcept { return {writer_.buffer().view(), ends_}; }
+    /// Where each line's fragment began. Valid until the next call.
+    const std::vector<std::uint64_t>& starts() const noexcept { return starts_; }
+    /// Where the fragment began that was read last.
+    std::uint64_t lastStart() const noexcept { return lastStart_; }
     /// The line read last.
     std::u16string_view line() const { return writer_.buffer().view().substr(lineStart_); }
 
@@ -58,6 +60,9 @@ private:
     std::size_t maxLineLength_;
     std::size_t lineStart_ = 0;
     std::vector<std::uint32_t> ends_;
+    std::vector<std::uint64_t> starts_;
+    std::uint64_t textStart_ = 0;
+    std::uint64_t lastStart_ = 0;
 };
 
 } // namespace brindlewick

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -275,7 +274,7 @@ public:
     void note(ReadingProblem, const char16_t*) noexcept {}
 
 private:
-    UnitBuffer units_{std::numeric_limits<std::size_t>::max() / 4}; ///< of the open objects' keys
+    UnitBuffer units_{UnitBuffer::unlimited}; ///< of the open objects' keys
     OpenKeys keys_;
     std::size_t keyStart_ = 0; ///< of the key being read
 };

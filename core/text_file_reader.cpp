@@ -57,54 +57,63 @@ ByteOrderMark DetectByteOrderMark(std::string_view firstBytes) noexcept {
 TextFileReader::TextFileReader() : bytes_(std::make_unique_for_overwrite<char[]>(bufferLength)) {}
 
 bool TextFileReader::open(std::u16string_view path) {
-    const bool hasBytes = start(path);
-    // No character has more bytes than three a code unit, none fewer than one. What lies between is counted.
-    if (!mark_.isUtf8 || file_->length() <= maxTextLength)
-        return hasBytes;
-    if (file_->length() > 3 * (maxTextLength + 1))
-        throw Failure(FailureNumber::outOfMemory);
-    nextPiece();
-    for (UnitBuffer text(maxTextLength); readMore(text); text.cutTo(0))
-        if (pause_)
-            pause_();
-    return start(path);
-}
-
-bool TextFileReader::start(std::u16string_view path) {
-    file_.emplace(path);
-    begin_ = end_ = 0;
-    gaveAPiece_ = false;
-    isPieceComplete_ = true;
-    // What has no length, a pipe among it, is not read: nobody may ever write to it.
-    const bool hasBytes = file_->length() > 0;
+    auto file = std::make_shared<TextFile>(path);
+    start(file, 0);
+    // What has no length, a pipe among it, is not read: no one may ever write to it.
+    const bool hasBytes = file->bytes.length() > 0;
     atEnd_ = !hasBytes;
     fillBuffer(bufferLength);
-    mark_ = DetectByteOrderMark(buffered().substr(0, 4));
-    if (mark_.isUtf8)
-        begin_ = utf8Mark.size();
-    else if (mark_.isUnicode && buffered().starts_with(utf16LittleEndianMark))
-        begin_ = utf16LittleEndianMark.size();
+    file->mark = DetectByteOrderMark(buffered().substr(0, 4));
+    if (file->mark.isUtf8)
+        file->textStart = utf8Mark.size();
+    else if (file->mark.isUnicode && buffered().starts_with(utf16LittleEndianMark))
+        file->textStart = utf16LittleEndianMark.size();
+    begin_ = static_cast<std::size_t>(file->textStart);
     return hasBytes;
+}
+
+void TextFileReader::start(std::shared_ptr<const TextFile> file, std::uint64_t offset) {
+    file_ = std::move(file);
+    bufferOffset_ = offset;
+    begin_ = end_ = 0;
+    atEnd_ = false;
+    // From within a file of several pieces there may be none left.
+    gaveAPiece_ = !file_->mark.isUtf8 && offset > file_->textStart;
+    isPieceComplete_ = true;
+    breakFrom_ = never;
+    isAtBreak_ = false;
+}
+
+bool TextFileReader::skipToComma(std::uint64_t to) {
+    for (;;) {
+        fillBuffer(1);
+        const std::string_view bytes = buffered();
+        const std::size_t comma = bytes.find(',');
+        begin_ += std::min(comma, bytes.size());
+        if (offset() >= to || bytes.empty())
+            return false;
+        if (comma != std::string_view::npos)
+            return true;
+    }
 }
 
 bool TextFileReader::nextPiece() {
     if (gaveAPiece_) {
-        if (mark_.isUtf8)
+        if (file_->mark.isUtf8)
             return false;
-        fillBuffer(bytesPerUnit());
-        if (buffered().size() < bytesPerUnit())
+        fillBuffer(file_->bytesPerUnit());
+        if (buffered().size() < file_->bytesPerUnit())
             return false;
     }
     gaveAPiece_ = true;
     isPieceComplete_ = false;
-    pieceUnits_ = 0;
     return true;
 }
 
 bool TextFileReader::readMore(UnitBuffer& text) {
     if (isPieceComplete_)
         return false;
-    if (mark_.isUtf8)
+    if (file_->mark.isUtf8)
         ReadUtf8Stream(text);
     else
         ReadWithTextStream(text);
@@ -117,25 +126,30 @@ void TextFileReader::ReadUtf8Stream(UnitBuffer& text) {
     const bool isLast = atEnd_ && bytes.size() == buffered().size();
     if (!isLast)
         bytes = bytes.substr(0, completeUtf8Length(bytes));
+    isAtBreak_ = false;
+    if (offset() + bytes.size() > breakFrom_) {
+        const std::size_t from = breakFrom_ > offset() ? static_cast<std::size_t>(breakFrom_ - offset()) : 0;
+        if (const std::size_t comma = bytes.find(',', from); comma != std::string_view::npos) {
+            bytes = bytes.substr(0, comma);
+            breakFrom_ = never;
+            isAtBreak_ = true;
+        }
+    }
     text.makeRoom(bytes.size()); // no character has more code units than bytes
-    const std::size_t units = decodeUtf8(bytes, text.end());
-    text.advance(units);
+    text.advance(decodeUtf8(bytes, text.end()));
     begin_ += bytes.size();
-    pieceUnits_ += units;
-    if (pieceUnits_ > maxTextLength)
-        throw Failure(FailureNumber::outOfMemory);
-    isPieceComplete_ = isLast;
+    isPieceComplete_ = isLast && !isAtBreak_;
 }
 
 void TextFileReader::ReadWithTextStream(UnitBuffer& text) {
-    fillBuffer(pieceLength * bytesPerUnit());
-    const std::string_view bytes = buffered().substr(0, pieceLength * bytesPerUnit());
-    const std::size_t units = bytes.size() / bytesPerUnit();
+    fillBuffer(pieceLength * file_->bytesPerUnit());
+    const std::string_view bytes = buffered().substr(0, pieceLength * file_->bytesPerUnit());
+    const std::size_t units = bytes.size() / file_->bytesPerUnit();
     text.makeRoom(units);
-    if (mark_.isUnicode)
+    if (file_->mark.isUnicode)
         decodeUtf16(bytes, text.end());
     else
-        decodeWindows1252(bytes, text.end());
+        decodeSingleByte(bytes, text.end());
     text.advance(units);
     begin_ += bytes.size();
     isPieceComplete_ = true;
@@ -145,11 +159,10 @@ void TextFileReader::fillBuffer(std::size_t wanted) {
     if (atEnd_ || end_ - begin_ >= wanted)
         return;
     std::memmove(bytes_.get(), bytes_.get() + begin_, end_ - begin_);
+    bufferOffset_ += begin_;
     end_ -= begin_;
     begin_ = 0;
-    const std::size_t count = file_->read({bytes_.get() + end_, bufferLength - end_}, pause_);
-    bytesRead_ += count;
-    end_ += count;
+    end_ += file_->bytes.readAt(bufferOffset_ + end_, {bytes_.get() + end_, bufferLength - end_});
     atEnd_ = end_ < bufferLength;
 }
 
@@ -157,7 +170,7 @@ std::vector<std::u16string> ReadFileToPieces(std::u16string_view path) {
     TextFileReader reader;
     reader.open(path);
     std::vector<std::u16string> pieces;
-    for (UnitBuffer text(maxTextLength); reader.nextPiece(); text.cutTo(0)) {
+    for (UnitBuffer text(UnitBuffer::unlimited); reader.nextPiece(); text.cutTo(0)) {
         while (reader.readMore(text)) {
         }
         pieces.emplace_back(text.view());

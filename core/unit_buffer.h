@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 #include <new>
 #include <string_view>
@@ -16,6 +17,9 @@ namespace brindlewick {
 /// behind the units put is never initialised.
 class UnitBuffer {
 public:
+    /// Far beyond any memory.
+    static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max() / 8;
+
     /// Beyond `longest` code units no more room is made.
     explicit UnitBuffer(std::size_t longest) noexcept : longest_(longest) {}
 

@@ -4,13 +4,21 @@
 
 #include "extract/extraction_options.h"
 #include "extract/results_table.h"
+#include "platform/error_report.h"
 #include "platform/user_interface.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace brindlewick {
+
+/// How a run reads ahead.
+struct ReadAhead {
+    std::size_t workers = 0; ///< threads; 0: one for each processor that the process may use
+    std::uint64_t stretchBytes = std::uint64_t{1} << 18; ///< of a file that one worker reads at a time
+};
 
 class ExtractionRun {
 public:
@@ -18,23 +26,26 @@ public:
     /// the moment it needs them. Tags are read once, when a run starts.
     ExtractionRun(UserInterface& user, const ExtractionOptions& options,
                   const std::vector<std::u16string>& inputPaths, const std::vector<std::u16string>& tags,
-                  ResultsTable& table) noexcept
-        : user_(user), options_(options), inputPaths_(inputPaths), tags_(tags), table_(table) {}
+                  ResultsTable& table, ReadAhead readAhead = {}) noexcept
+        : user_(user), options_(options), inputPaths_(inputPaths), tags_(tags), table_(table),
+          readAhead_(readAhead) {}
 
-    /// "Start Extracting". Fills the table from empty; every failure is reported and the run goes on. Time
-    /// and memory are linear in the files' bytes and the rows' text; no more than a window on one file is
-    /// held.
+    /// "Start Extracting". Fills the table from empty; every failure is reported and the run goes on. Workers
+    /// read and match ahead; rows are added on the caller's thread, in the order of the files, while the
+    /// window's events are handled. Time and memory are linear in the files' bytes and the rows' text; of the
+    /// files, no more is held than a few stretches.
     void PushButton7_Click();
-    /// How many bytes of the files the last run read.
-    std::uint64_t bytesRead() const noexcept { return bytesRead_; }
 
 private:
+    void extractFiles(const Guard& guard);
+    void showProgress(const Guard& guard, std::size_t file, double share);
+
     UserInterface& user_;
     const ExtractionOptions& options_;
     const std::vector<std::u16string>& inputPaths_;
     const std::vector<std::u16string>& tags_;
     ResultsTable& table_;
-    std::uint64_t bytesRead_ = 0;
+    ReadAhead readAhead_;
 };
 
 } // namespace brindlewick

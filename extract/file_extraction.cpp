@@ -1,101 +1,121 @@
 #include "extract/file_extraction.h"
 
 #include "platform/failure.h"
-#include "platform/files.h"
 #include "platform/text.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace brindlewick {
 
-FileExtraction::FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
-                               const std::vector<std::u16string>& tags, ResultsTable& table,
-                               std::function<void()> afterSome)
-    : user_(user), guard_(guard), options_(options), tags_(tags), table_(table),
-      afterSome_(std::move(afterSome)), matcher_(tags) {
-    reader_.setPause(afterSome_);
+namespace {
+
+// Rows, and fragments, between two looks at the window's events.
+constexpr std::size_t rowsBetweenYields = 4096;
+constexpr std::size_t fragmentsBetweenYields = 32;
+
+} // namespace
+
+bool FileExtraction::addRows(StretchJobs::Outcome&& outcome, StretchJobs& jobs) {
+    Stretch& stretch = outcome.job;
+    const StretchLines& read = outcome.result;
+    const bool isLast = stretch.isLast;
+    if (stretch.number == 0 && !stretch.isAgain)
+        startFile(stretch.path);
+    if (file_ == FileState::read && at_.cut <= stretch.number) {
+        const bool startsRight = outcome.failure
+                                     ? stretch.number == 0 || stretch.begin == at_
+                                     : std::binary_search(read.starts.begin(), read.starts.end(), at_);
+        if (!outcome.failure && !read.hasBytes) {
+            file_ = FileState::empty;
+        } else if (!startsRight) {
+            readAgain(std::move(stretch), jobs);
+            return false;
+        } else if (outcome.failure) {
+            guard_.report(*outcome.failure);
+            table_.truncateRows(rowsBefore_);
+            file_ = FileState::unreadable;
+        } else if (!addEntries(read)) {
+            readAgain(std::move(stretch), jobs);
+            return false;
+        } else {
+            at_ = read.end;
+        }
+    }
+    if (isLast)
+        endFile();
+    return isLast;
 }
 
-void FileExtraction::extractFile(const std::u16string& path) {
-    const std::size_t rowsBefore = table_.rowCount();
-    bool hasPiece = false;
-    bool isReadable = guard_([&] {
-        if (!openUnlessEmpty(path))
-            return;
-        hasPiece = reader_.nextPiece();
-        table_.beginFile(path);
-    });
-    const bool isRead = isReadable && hasPiece;
+void FileExtraction::startFile(const std::u16string& path) {
+    endFile();
+    rowsBefore_ = table_.rowCount();
     walker_.clearTexts();
-    while (isReadable && hasPiece)
-        isReadable = extractPiece() && guard_([&] { hasPiece = reader_.nextPiece(); });
-    reader_.close();
-    if (!isReadable) {
-        table_.truncateRows(rowsBefore);
+    at_ = {};
+    file_ = guard_([&] { table_.beginFile(path); }) ? FileState::read : FileState::unreadable;
+}
+
+void FileExtraction::endFile() {
+    if (std::exchange(file_, FileState::none) != FileState::read || options_.mode() != ExtractionMode::all)
         return;
-    }
-    if (isRead && options_.mode() == ExtractionMode::all) {
-        mode_ = ExtractionMode::all;
-        guard_([&] { addRows(walker_.keyText(), 1); });
-        guard_([&] { addRows(walker_.valueText(), 1); });
-    }
+    mode_ = ExtractionMode::all;
+    guard_([&] { addRows(walker_.keyText(), 1); });
+    guard_([&] { addRows(walker_.valueText(), 1); });
 }
 
-/// False for an empty file. It gives no rows and no report, even when it cannot be opened.
-bool FileExtraction::openUnlessEmpty(const std::u16string& path) {
-    try {
-        return reader_.open(path);
-    } catch (const Failure&) {
-        if (fileLength(path) == 0)
-            return false;
-        throw;
-    }
+/// The stretch is read from the place that is known to be right, for the mode of its piece.
+void FileExtraction::readAgain(Stretch&& stretch, StretchJobs& jobs) {
+    stretch.begin = at_;
+    stretch.isAgain = true;
+    stretch.wantsAllLines = mode_ == ExtractionMode::all;
+    guard_([&] { jobs.addFirst(std::move(stretch)); });
 }
 
-/// False when the piece's text could not be read.
-bool FileExtraction::extractPiece() {
-    user_.yield();
-    mode_ = options_.mode();
-    // Mode 4 gathers anew in every piece, so a file of several pieces ends with what its last one held.
-    if (mode_ == ExtractionMode::all)
-        walker_.clearTexts();
-
-    for (;;) {
-        BatchEnd end = BatchEnd::pieceEnd;
-        const bool isRead = guard_([&] {
-            end = reader_.nextBatch();
-            if (mode_ != ExtractionMode::all)
-                matcher_.findCandidates(reader_.batch(), candidates_);
-        });
-        if (!isRead)
-            return false;
-        extractBatch(reader_.batch());
-        if (end == BatchEnd::pieceEnd)
-            return true;
-        // A fragment too long to become a line is reported like one that fails later: the next one follows.
-        if (end == BatchEnd::tooLong)
-            guard_([] { throw Failure(FailureNumber::outOfMemory); });
-        afterSome_();
+/// False when the lines are not those that the mode needs; at_ is then the place from which to read again.
+bool FileExtraction::addEntries(const StretchLines& read) {
+    const auto isBefore = [](const StretchLines::Entry& entry, const TextPlace& place) {
+        return entry.place < place;
+    };
+    const auto first = std::lower_bound(read.entries.begin(), read.entries.end(), at_, isBefore);
+    const auto isForMode = [&] { return read.hasAllLines == (mode_ == ExtractionMode::all); };
+    const bool startsPiece = first != read.entries.end() && first->kind == StretchLines::Kind::pieceStart;
+    if (!startsPiece && !isForMode())
+        return false;
+    std::size_t start = first == read.entries.begin() ? 0 : std::prev(first)->end;
+    std::size_t fragments = 0;
+    for (auto entry = first; entry != read.entries.end(); start = entry++->end) {
+        switch (entry->kind) {
+        case StretchLines::Kind::pieceStart:
+            at_ = entry->place;
+            user_.yield();
+            mode_ = options_.mode();
+            if (!isForMode())
+                return false;
+            // Mode 4 gathers anew in every piece, so a file of several pieces ends with what its last one
+            // held.
+            if (mode_ == ExtractionMode::all)
+                walker_.clearTexts();
+            break;
+        case StretchLines::Kind::tooLong:
+            guard_.report(FailureNumber::outOfMemory);
+            break;
+        case StretchLines::Kind::line:
+            guard_([&] { extractLine({read.text.data() + start, entry->end - start}, entry->matches); });
+            if (++fragments % fragmentsBetweenYields == 0)
+                user_.yield();
+            break;
+        }
     }
+    return true;
 }
 
-void FileExtraction::extractBatch(const LineBatch& batch) {
+void FileExtraction::extractLine(std::u16string_view line, std::size_t matches) {
     if (mode_ == ExtractionMode::all) {
-        for (std::size_t line = 0; line < batch.size(); ++line)
-            guard_([&] {
-                readFirstTag();
-                walker_.walk(batch[line]);
-            });
+        readFirstTag();
+        walker_.walk(line);
         return;
     }
-    for (const std::uint32_t line : candidates_)
-        guard_([&] {
-            if (const std::size_t matches = matcher_.countMatches(batch[line]); matches > 0)
-                extractMatch(batch[line], matches);
-        });
-}
-
-void FileExtraction::extractMatch(std::u16string_view line, std::size_t matches) {
     if (mode_ == ExtractionMode::entireLine) {
         addRows(trimmedBlanks(line), matches);
         return;
@@ -129,17 +149,18 @@ void FileExtraction::addRows(std::u16string_view text, std::size_t count) {
     if (text.empty() && mode_ != ExtractionMode::all)
         return;
     const ResultsTable::Text stored = table_.store(text);
-    const bool withFilename = options_.includeFilename();
-    for (; count > 0; --count)
-        table_.appendRow(stored, withFilename);
+    for (; count > 0; --count) {
+        table_.appendRow(stored, options_.includeFilename());
+        if (count % rowsBetweenYields == 0)
+            user_.yield();
+    }
 }
 
-/// Mode 4 needs no tag, but asks for the first one all the same; without any, that is a failure. It is told
+/// Mode 4 needs no tag, but asks for the first one all the same. Without any, that is a failure, reported
 /// once.
 void FileExtraction::readFirstTag() {
-    if (!tags_.empty() || std::exchange(missingTagReported_, true))
-        return;
-    guard_([] { throw Failure(FailureNumber::subscriptOutOfRange); });
+    if (tags_.empty() && !std::exchange(missingTagReported_, true))
+        guard_.report(FailureNumber::subscriptOutOfRange);
 }
 
 } // namespace brindlewick

@@ -1,58 +1,62 @@
-// What a run does with one file: pieces to fragments, fragments to lines, lines that hold a tag to rows.
+// Turns what workers have read into rows: the stretches of files, in order.
 #pragma once
 
-#include "core/line_batch_reader.h"
 #include "extract/extraction_options.h"
 #include "extract/fragment_walker.h"
+#include "extract/ordered_jobs.h"
 #include "extract/results_table.h"
-#include "extract/tag_matcher.h"
+#include "extract/stretch_reader.h"
 #include "platform/error_report.h"
 #include "platform/user_interface.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace brindlewick {
 
-/// Lives as long as a run, because what it has seen in one file steers what it makes of the next (see
-/// FragmentWalker).
+using StretchJobs = OrderedJobs<Stretch, StretchLines>;
+
+/// One object serves a whole run, because arrays in one file affect the rows of the next (see
+/// FragmentWalker). All is done on the window's thread.
 class FileExtraction {
 public:
-    /// `afterSome` is called now and then during long pieces, so that the window stays alive.
     FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
-                   const std::vector<std::u16string>& tags, ResultsTable& table,
-                   std::function<void()> afterSome);
+                   const std::vector<std::u16string>& tags, ResultsTable& table) noexcept
+        : user_(user), guard_(guard), options_(options), tags_(tags), table_(table) {}
 
-    /// Adds the file's rows. A file that cannot be read is reported once and adds no row; a fragment that
-    /// fails is reported and left out.
-    void extractFile(const std::u16string& path);
-    std::uint64_t bytesRead() const noexcept { return reader_.bytesRead(); }
+    /// Adds the rows of a stretch, which follows the one before it. Where it was not read from the right
+    /// place, or not for the mode at hand, it is added to `jobs` again. A file that cannot be read is
+    /// reported once and keeps no row; a fragment that fails is reported and left out. True when the file has
+    /// ended.
+    bool addRows(StretchJobs::Outcome&& outcome, StretchJobs& jobs);
+    /// Ends the file whose rows have been added so far, if there is one.
+    void endFile();
 
 private:
-    bool openUnlessEmpty(const std::u16string& path);
-    bool extractPiece();
-    void extractBatch(const LineBatch& batch);
-    void extractMatch(std::u16string_view line, std::size_t matches);
+    enum class FileState { none, empty, read, unreadable };
+
+    void startFile(const std::u16string& path);
+    bool addEntries(const StretchLines& read);
+    void extractLine(std::u16string_view line, std::size_t matches);
     void readFirstTag();
     void walkToRow(std::u16string_view line);
     void addRows(std::u16string_view text, std::size_t count);
+    void readAgain(Stretch&& stretch, StretchJobs& jobs);
 
     UserInterface& user_;
     const Guard& guard_;
     const ExtractionOptions& options_;
     const std::vector<std::u16string>& tags_;
     ResultsTable& table_;
-    std::function<void()> afterSome_;
-    LineBatchReader reader_;
-    TagMatcher matcher_;
-    std::vector<std::uint32_t> candidates_; ///< lines of a batch, kept between batches for its room
     FragmentWalker walker_;
-    ExtractionMode mode_ = ExtractionMode::none; ///< as it stood when the piece was started
-    std::u16string row_;                         ///< room for a row's text, kept between fragments
+    FileState file_ = FileState::none;
+    TextPlace at_;                               ///< where the file's next fragment starts
+    std::size_t rowsBefore_ = 0;                 ///< the file
+    ExtractionMode mode_ = ExtractionMode::none; ///< as it was when the piece was started
+    std::u16string row_;                         ///< buffer, reused between fragments
     bool missingTagReported_ = false;
 };
 

@@ -131,12 +131,12 @@ TagMatcher::State TagMatcher::nextSparse(State state, std::uint32_t unitClass) c
     }
 }
 
-std::size_t TagMatcher::countMatches(std::u16string_view line) {
-    startLine();
-    return emptyTags_ + (table_.empty() ? countByEdges(line) : countByTable(line));
+std::size_t TagMatcher::countMatches(std::u16string_view line, Scratch& scratch) const {
+    startLine(scratch);
+    return emptyTags_ + (table_.empty() ? countByEdges(line, scratch) : countByTable(line, scratch));
 }
 
-std::size_t TagMatcher::countByTable(std::u16string_view line) {
+std::size_t TagMatcher::countByTable(std::u16string_view line, Scratch& scratch) const {
     const std::uint16_t* const classOfUnit = classOfUnit_.data();
     const std::uint32_t* const table = table_.data();
     std::size_t count = 0;
@@ -144,7 +144,7 @@ std::size_t TagMatcher::countByTable(std::u16string_view line) {
     for (const char16_t unit : line) {
         entry = table[(entry >> 1) + classOfUnit[unit]];
         if ((entry & 1) != 0) {
-            count += countOutputs((entry >> 1) / classCount_);
+            count += countOutputs((entry >> 1) / classCount_, scratch);
             if (count == otherTags_)
                 break;
         }
@@ -152,18 +152,19 @@ std::size_t TagMatcher::countByTable(std::u16string_view line) {
     return count;
 }
 
-std::size_t TagMatcher::countByEdges(std::u16string_view line) {
+std::size_t TagMatcher::countByEdges(std::u16string_view line, Scratch& scratch) const {
     std::size_t count = 0;
     State state = root;
     for (const char16_t unit : line) {
         state = nextSparse(state, classOfUnit_[unit]);
         if (state != root)
-            count += countOutputs(state);
+            count += countOutputs(state, scratch);
     }
     return count;
 }
 
-void TagMatcher::findCandidates(const LineBatch& batch, std::vector<std::uint32_t>& lines) {
+const std::vector<std::uint32_t>& TagMatcher::findCandidates(const LineBatch& batch, Scratch& scratch) const {
+    std::vector<std::uint32_t>& lines = scratch.candidates_;
     lines.clear();
     if (emptyTags_ > 0 || table_.empty()) {
         lines.resize(batch.size());
@@ -171,17 +172,18 @@ void TagMatcher::findCandidates(const LineBatch& batch, std::vector<std::uint32_
     } else if (search_) {
         search_->appendCandidates(batch, lines);
     } else if (otherTags_ > 0) {
-        markByTable(batch);
+        markByTable(batch, scratch);
         for (std::size_t line = 0; line < batch.size(); ++line)
-            if (marks_[line] != 0)
+            if (scratch.marks_[line] != 0)
                 lines.push_back(static_cast<std::uint32_t>(line));
     }
+    return lines;
 }
 
 /// Follows the table through four parts of the batch in turn: each step waits for the one before it in the
 /// same part, and the processor has the other parts to go on with. That a match may begin in one line and end
 /// in the next does no harm, as the marks are candidates only.
-void TagMatcher::markByTable(const LineBatch& batch) {
+void TagMatcher::markByTable(const LineBatch& batch, Scratch& scratch) const {
     struct Part {
         const char16_t* at;
         const char16_t* end;
@@ -191,7 +193,8 @@ void TagMatcher::markByTable(const LineBatch& batch) {
     const char16_t* const text = batch.text.data();
     const std::uint16_t* const classOfUnit = classOfUnit_.data();
     const std::uint32_t* const table = table_.data();
-    marks_.assign(batch.size(), 0);
+    scratch.marks_.assign(batch.size(), 0);
+    std::uint8_t* const marks = scratch.marks_.data();
 
     std::array<Part, 4> parts{};
     std::size_t firstLine = 0;
@@ -212,7 +215,7 @@ void TagMatcher::markByTable(const LineBatch& batch) {
         const auto place = static_cast<std::size_t>(part.at - 1 - text);
         while (batch.ends[part.line] <= place)
             ++part.line;
-        marks_[part.line] = 1;
+        marks[part.line] = 1;
         part.at = text + batch.ends[part.line]; // the rest of the line tells nothing new
         part.entry = 0;
     };
@@ -239,23 +242,22 @@ void TagMatcher::markByTable(const LineBatch& batch) {
 
 /// Counts the tags that end here, and stops at the first state counted in this line before: what it falls
 /// back on was counted with it.
-std::size_t TagMatcher::countOutputs(State state) {
+std::size_t TagMatcher::countOutputs(State state, Scratch& scratch) const {
     std::size_t count = 0;
     if (nodes_[state].tags == 0)
         state = nodes_[state].outputs;
-    for (; state != root && nodes_[state].seenIn != line_; state = nodes_[state].outputs) {
-        nodes_[state].seenIn = line_;
+    for (; state != root && scratch.countedIn_[state] != scratch.line_; state = nodes_[state].outputs) {
+        scratch.countedIn_[state] = scratch.line_;
         count += nodes_[state].tags;
     }
     return count;
 }
 
-void TagMatcher::startLine() {
-    if (++line_ == 0) { // after 2^32 lines
-        for (Node& node : nodes_)
-            node.seenIn = 0;
-        line_ = 1;
-    }
+void TagMatcher::startLine(Scratch& scratch) const {
+    if (scratch.countedIn_.size() == nodes_.size() && ++scratch.line_ != 0)
+        return;
+    scratch.countedIn_.assign(nodes_.size(), 0); // at first, and after 2^32 lines
+    scratch.line_ = 1;
 }
 
 } // namespace brindlewick

@@ -20,14 +20,24 @@ namespace brindlewick {
 /// tags' length, counting linear in the line's, however many tags there are and however they nest.
 class TagMatcher {
 public:
+    /// What a thread that matches needs for itself.
+    class Scratch {
+        friend class TagMatcher;
+        std::vector<std::uint32_t>
+            countedIn_; ///< by state: the number of the line in which it was counted last
+        std::uint32_t line_ = 0;
+        std::vector<std::uint8_t> marks_; ///< by line of a batch: not 0 for a candidate
+        std::vector<std::uint32_t> candidates_;
+    };
+
     explicit TagMatcher(std::span<const std::u16string> tags);
 
     /// How many of the tags the line contains; equal tags count each. An empty tag is contained in every
     /// line.
-    std::size_t countMatches(std::u16string_view line);
-    /// Replaces `lines` by the numbers of the batch's lines that may contain a tag, in their order: all that
-    /// do, and perhaps others. Much faster than asking line by line.
-    void findCandidates(const LineBatch& batch, std::vector<std::uint32_t>& lines);
+    std::size_t countMatches(std::u16string_view line, Scratch& scratch) const;
+    /// The numbers of the batch's lines that may contain a tag, in their order: all that do, and perhaps
+    /// others. Much faster than asking line by line. Valid as long as the scratch is not used again.
+    const std::vector<std::uint32_t>& findCandidates(const LineBatch& batch, Scratch& scratch) const;
 
 private:
     using State = std::uint32_t;
@@ -35,10 +45,9 @@ private:
 
     /// What is known of a state besides its transitions.
     struct Node {
-        State failure = root;     ///< the longest proper suffix that is a state too
-        State outputs = root;     ///< the nearest state on the failure chain that ends a tag; root for none
-        std::uint32_t tags = 0;   ///< how many tags end here
-        std::uint32_t seenIn = 0; ///< the number of the line in which this state was counted last
+        State failure = root;   ///< the longest proper suffix that is a state too
+        State outputs = root;   ///< the nearest state on the failure chain that ends a tag; root for none
+        std::uint32_t tags = 0; ///< how many tags end here
     };
 
     void addTag(std::u16string_view tag);
@@ -46,12 +55,12 @@ private:
     void buildTable();
     State childOf(State state, std::uint32_t unitClass) const;
     State nextSparse(State state, std::uint32_t unitClass) const;
-    std::size_t countOutputs(State state);
-    std::size_t countByTable(std::u16string_view line);
-    std::size_t countByEdges(std::u16string_view line);
-    void markByTable(const LineBatch& batch);
+    std::size_t countOutputs(State state, Scratch& scratch) const;
+    std::size_t countByTable(std::u16string_view line, Scratch& scratch) const;
+    std::size_t countByEdges(std::u16string_view line, Scratch& scratch) const;
+    void markByTable(const LineBatch& batch, Scratch& scratch) const;
     bool endsTags(State state) const { return nodes_[state].tags != 0 || nodes_[state].outputs != root; }
-    void startLine();
+    void startLine(Scratch& scratch) const;
 
     std::vector<std::uint16_t>
         classOfUnit_; ///< by code unit: 0 for one that no tag holds, equal for units that fold alike
@@ -63,9 +72,7 @@ private:
     std::vector<std::uint32_t> table_;
     std::size_t emptyTags_ = 0;
     std::size_t otherTags_ = 0;
-    std::uint32_t line_ = 0;
     std::optional<TagSearch> search_; ///< when there is one tag, written in whatever case
-    std::vector<std::uint8_t> marks_; ///< by line of a batch: not 0 for a candidate
 };
 
 } // namespace brindlewick

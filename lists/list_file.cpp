@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/text_encoding.h"
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -71,11 +72,14 @@ void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list)
         user.showMessage(u"File not found");
         return;
     }
-    InputFile file(path);
+    const InputFile file(path);
     std::vector<char> block(std::size_t{1} << 16);
     EntrySplitter splitter(list);
-    while (const std::size_t count = file.read(block))
+    std::uint64_t offset = 0;
+    while (const std::size_t count = file.readAt(offset, block)) {
+        offset += count;
         splitter.add({block.data(), count});
+    }
     splitter.finish();
 }
 

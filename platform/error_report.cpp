@@ -2,29 +2,7 @@
 
 #include "platform/text.h"
 
-#include <new>
-#include <stdexcept>
-
 namespace brindlewick {
-
-namespace {
-
-/// The number for the exception that is being handled.
-FailureNumber currentFailure() noexcept {
-    try {
-        throw;
-    } catch (const Failure& failure) {
-        return failure.number();
-    } catch (const std::bad_alloc&) {
-        return FailureNumber::outOfMemory;
-    } catch (const std::length_error&) {
-        return FailureNumber::outOfMemory;
-    } catch (...) {
-        return FailureNumber::invalidProcedureCall;
-    }
-}
-
-} // namespace
 
 void ReportApplicationError(UserInterface& user, std::u16string_view location,
                             std::u16string_view description, std::uint_least32_t line) {

@@ -1,5 +1,8 @@
 #include "platform/failure.h"
 
+#include <new>
+#include <stdexcept>
+
 namespace brindlewick {
 
 std::u16string_view descriptionOf(FailureNumber number) noexcept {
@@ -32,6 +35,20 @@ std::u16string_view descriptionOf(FailureNumber number) noexcept {
         return u"Invalid picture";
     }
     return u"";
+}
+
+FailureNumber currentFailure() noexcept {
+    try {
+        throw;
+    } catch (const Failure& failure) {
+        return failure.number();
+    } catch (const std::bad_alloc&) {
+        return FailureNumber::outOfMemory;
+    } catch (const std::length_error&) {
+        return FailureNumber::outOfMemory;
+    } catch (...) {
+        return FailureNumber::invalidProcedureCall;
+    }
 }
 
 } // namespace brindlewick

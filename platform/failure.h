@@ -44,4 +44,8 @@ private:
     FailureNumber number_;
 };
 
+/// What the exception being handled means to the user: std::bad_alloc and std::length_error are outOfMemory,
+/// any other but Failure is invalidProcedureCall. To be called in a catch block.
+[[nodiscard]] FailureNumber currentFailure() noexcept;
+
 } // namespace brindlewick

@@ -1,7 +1,6 @@
 // What is the same on every system.
 #include "platform/files.h"
 
-#include "platform/background_work.h"
 #include "platform/failure.h"
 #include "platform/letter_case.h"
 
@@ -60,14 +59,6 @@ void sortByName(std::vector<FolderEntry>& entries) {
     });
     for (std::size_t at = 0; at < named.size(); ++at)
         entries[at] = std::move(named[at].entry);
-}
-
-std::size_t InputFile::read(std::span<char> bytes, const std::function<void()>& meanwhile) {
-    if (!isRemote_ || !meanwhile)
-        return read(bytes);
-    std::size_t count = 0;
-    runInBackground([&] { count = read(bytes); }, meanwhile);
-    return count;
 }
 
 } // namespace brindlewick

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -88,16 +87,14 @@ public:
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
-    /// Reads up to `bytes.size()` bytes, fewer only at the end; returns the count read, 0 at the end.
-    [[nodiscard]] std::size_t read(std::span<char> bytes);
-    /// The same, but calls `meanwhile` during a slow read of a remote file (see background_work.h).
-    [[nodiscard]] std::size_t read(std::span<char> bytes, const std::function<void()>& meanwhile);
+    /// Reads up to `bytes.size()` bytes from the byte `offset` on, fewer only at the file's end; returns the
+    /// count read. Several threads may read at a time.
+    [[nodiscard]] std::size_t readAt(std::uint64_t offset, std::span<char> bytes) const;
     /// The length in bytes when the file was opened.
     [[nodiscard]] std::uint64_t length() const noexcept { return length_; }
 
 private:
     std::intptr_t handle_;
-    bool isRemote_ = false; ///< on another machine, or provided by a program (FUSE)
     std::uint64_t length_ = 0;
 };
 

@@ -87,30 +87,6 @@ bool isLink(const std::string& path) {
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-/// True for a file system on another machine, and for one that a program provides (FUSE).
-bool isRemoteFileSystem(int file) {
-    struct statfs system {};
-    if (::fstatfs(file, &system) != 0)
-        return false;
-#ifdef __linux__
-    // From statfs(2): FUSE, NFS, SMB, CIFS, SMB2, 9P, CEPH, CODA, and both numbers of AFS.
-    static constexpr std::uint32_t remote[] = {0x65735546, 0x6969,     0x517B,     0xFF534D42, 0xFE534D42,
-                                               0x01021997, 0x00C36400, 0x73757245, 0x5346414F, 0x6B414653};
-    return std::find(std::begin(remote), std::end(remote), static_cast<std::uint32_t>(system.f_type)) !=
-           std::end(remote);
-#else
-    return (system.f_flags & MNT_LOCAL) == 0;
-#endif
-}
-
-/// Asks the system once for many files in a row on one device.
-bool isOnRemoteDevice(int file, dev_t device) {
-    static thread_local std::optional<std::pair<dev_t, bool>> last;
-    if (!last || last->first != device)
-        last = {device, isRemoteFileSystem(file)};
-    return last->second;
-}
-
 /// The path without separators at its end. With one, lstat would follow a link, and the name would be empty.
 std::string bareText(std::string text) {
     while (text.size() > 1 && text.back() == '/')
@@ -247,17 +223,20 @@ InputFile::InputFile(std::u16string_view path) : handle_(-1) {
     }
     handle_ = file;
     length_ = static_cast<std::uint64_t>(status.st_size);
-    isRemote_ = isOnRemoteDevice(file, status.st_dev);
 }
 
 InputFile::~InputFile() {
     ::close(static_cast<int>(handle_));
 }
 
-std::size_t InputFile::read(std::span<char> bytes) {
+std::size_t InputFile::readAt(std::uint64_t offset, std::span<char> bytes) const {
     std::size_t count = 0;
     while (count < bytes.size()) {
-        const ssize_t got = ::read(static_cast<int>(handle_), bytes.data() + count, bytes.size() - count);
+        const int file = static_cast<int>(handle_);
+        ssize_t got =
+            ::pread(file, bytes.data() + count, bytes.size() - count, static_cast<off_t>(offset + count));
+        if (got < 0 && errno == ESPIPE) // a pipe has no offsets: its bytes come in order
+            got = ::read(file, bytes.data() + count, bytes.size() - count);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)

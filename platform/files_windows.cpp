@@ -212,10 +212,6 @@ InputFile::InputFile(std::u16string_view path) : handle_(0) {
     if (::GetFileType(file.get()) != FILE_TYPE_DISK)
         throw Failure(FailureNumber::deviceIoError);
     length_ = lengthOf(file.get());
-    // Only a file on another machine has a protocol.
-    FILE_REMOTE_PROTOCOL_INFO protocol{};
-    isRemote_ =
-        ::GetFileInformationByHandleEx(file.get(), FileRemoteProtocolInfo, &protocol, sizeof protocol) != 0;
     handle_ = reinterpret_cast<std::intptr_t>(file.release());
 }
 
@@ -223,12 +219,15 @@ InputFile::~InputFile() {
     ::CloseHandle(handleOf(handle_));
 }
 
-std::size_t InputFile::read(std::span<char> bytes) {
+std::size_t InputFile::readAt(std::uint64_t offset, std::span<char> bytes) const {
     std::size_t count = 0;
     while (count < bytes.size()) {
         const auto wanted = static_cast<DWORD>(std::min(bytes.size() - count, maxTransfer));
+        OVERLAPPED place{};
+        place.Offset = static_cast<DWORD>((offset + count) & 0xFFFFFFFFU);
+        place.OffsetHigh = static_cast<DWORD>((offset + count) >> 32);
         DWORD got = 0;
-        if (::ReadFile(handleOf(handle_), bytes.data() + count, wanted, &got, nullptr) == 0 &&
+        if (::ReadFile(handleOf(handle_), bytes.data() + count, wanted, &got, &place) == 0 &&
             ::GetLastError() != ERROR_HANDLE_EOF)
             throwLastError();
         if (got == 0)

@@ -45,7 +45,7 @@ inline void expectStatus(const std::u16string& path, const Status& expected) {
 /// The first ten bytes of a file.
 inline std::string bytesOf(const std::u16string& path) {
     std::string bytes(10, '\0');
-    bytes.resize(InputFile(path).read(bytes));
+    bytes.resize(InputFile(path).readAt(0, bytes));
     return bytes;
 }
 

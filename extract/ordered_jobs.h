@@ -1,0 +1,222 @@
+// Runs jobs on worker threads, ahead of whoever takes their results, and returns the results in the order of
+// the jobs.
+#pragma once
+
+#include "platform/failure.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <functional>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace brindlewick {
+
+/// One thread, the owner's, adds jobs and takes results; workers take the jobs in order, one at a time. A job
+/// may add one that follows it directly, before it ends itself. Memory is bounded: while the results that
+/// wait to be taken hold `maxHeld` bytes, only the first job of all is begun. No lock is held while a job
+/// runs.
+///
+/// `Result` has a default and `std::size_t heldBytes() const`.
+template <class Job, class Result>
+class OrderedJobs {
+public:
+    struct Outcome {
+        Job job; ///< as the worker left it
+        Result result;
+        std::optional<FailureNumber> failure; ///< the job threw; `result` is then as it was made
+    };
+
+    /// Called by a worker that runs a job: adds the job that follows it.
+    using AddNext = std::function<void(Job)>;
+    /// What a worker does; each has its own.
+    using Work = std::function<Result(Job&, const AddNext&)>;
+
+    /// Starts up to `workers` threads (at least one is asked for), each with work of its own. Without any
+    /// thread, as on a system that has none left, the jobs run on the owner's.
+    OrderedJobs(std::size_t workers, std::size_t maxHeld, const std::function<Work()>& makeWork)
+        : state_(std::make_shared<State>()) {
+        state_->maxHeld = maxHeld;
+        ownWork_ = makeWork();
+        workers = std::max<std::size_t>(workers, 1);
+        threads_.reserve(workers);
+        try {
+            while (threads_.size() < workers)
+                threads_.emplace_back([state = state_, work = makeWork()] { runJobs(*state, work); });
+        } catch (const std::system_error&) {
+            // Fewer workers do as well.
+        } catch (...) {
+            stop();
+            throw;
+        }
+    }
+    /// Jobs that have not begun are dropped. A worker that does not end soon, as when its disk does not
+    /// answer, is left to itself: what it uses is its own or shared.
+    ~OrderedJobs() { stop(); }
+    OrderedJobs(const OrderedJobs&) = delete;
+    OrderedJobs& operator=(const OrderedJobs&) = delete;
+
+    void addLast(Job job) { add(std::move(job), false); }
+    /// For a job that has to be done again, before all others.
+    void addFirst(Job job) { add(std::move(job), true); }
+
+    /// Jobs whose outcome has not been taken.
+    std::size_t size() const {
+        const std::lock_guard lock(state_->mutex);
+        return state_->slots.size();
+    }
+
+    /// The first job's outcome, if it is there within `patience`. Waits for a good number of outcomes rather
+    /// than for each, so that the threads need not wake each other for every small job.
+    std::optional<Outcome> take(std::chrono::milliseconds patience) {
+        std::unique_lock lock(state_->mutex);
+        State& state = *state_;
+        if (state.slots.empty())
+            return std::nullopt;
+        if (threads_.empty() && state.slots.front().stage == Stage::waiting)
+            runFirst(state, ownWork_, lock);
+        if (state.slots.front().stage != Stage::done) {
+            state.isOwnerWaiting = true;
+            state.outcomesReady.wait_for(lock, patience, [&state] { return !state.isOwnerWaiting; });
+            state.isOwnerWaiting = false;
+            if (state.slots.front().stage != Stage::done)
+                return std::nullopt;
+        }
+        std::optional<Outcome> outcome(std::move(state.slots.front().outcome));
+        state.held -= state.slots.front().held;
+        state.slots.pop_front();
+        wakeWorker(state);
+        return outcome;
+    }
+
+private:
+    static constexpr std::chrono::milliseconds patienceAtEnd{50};
+
+    enum class Stage { waiting, running, done };
+    struct Slot {
+        Outcome outcome;
+        Stage stage = Stage::waiting;
+        std::size_t held = 0; ///< bytes
+    };
+    using Slots = std::list<Slot>;
+
+    struct State {
+        std::mutex mutex;
+        std::condition_variable jobsReady;
+        std::condition_variable outcomesReady;
+        std::condition_variable workerLeft;
+        Slots slots;                                 ///< in the order of the jobs
+        typename Slots::iterator next = slots.end(); ///< none before it is waiting
+        std::size_t held = 0;                        ///< bytes of all that is done
+        std::size_t maxHeld = 0;
+        std::size_t idle = 0; ///< workers
+        std::size_t left = 0; ///< workers that have ended
+        bool isOwnerWaiting = false;
+        bool isStopping = false;
+    };
+
+    void add(Job job, bool isFirst) {
+        Slots slot;
+        slot.push_back({{std::move(job), Result(), std::nullopt}, Stage::waiting, 0});
+        const std::lock_guard lock(state_->mutex);
+        const auto place = isFirst ? state_->slots.begin() : state_->slots.end();
+        const auto added = slot.begin();
+        state_->slots.splice(place, slot);
+        if (isFirst || state_->next == state_->slots.end())
+            state_->next = added;
+        wakeWorker(*state_);
+    }
+
+    static bool mayBegin(const State& state) {
+        return state.next != state.slots.end() &&
+               (state.held < state.maxHeld || state.next == state.slots.begin());
+    }
+
+    static void wakeWorker(State& state) {
+        if (state.idle > 0 && mayBegin(state))
+            state.jobsReady.notify_one();
+    }
+
+    static void wakeOwner(State& state) {
+        if (std::exchange(state.isOwnerWaiting, false))
+            state.outcomesReady.notify_one();
+    }
+
+    /// Runs the first job that waits.
+    static void runFirst(State& state, const Work& work, std::unique_lock<std::mutex>& lock) {
+        const auto slot = state.next;
+        slot->stage = Stage::running;
+        do {
+            ++state.next;
+        } while (state.next != state.slots.end() && state.next->stage != Stage::waiting);
+        wakeWorker(state);
+        lock.unlock();
+        const AddNext addNext = [&state, slot](Job job) {
+            Slots following;
+            following.push_back({{std::move(job), Result(), std::nullopt}, Stage::waiting, 0});
+            const std::lock_guard adding(state.mutex);
+            state.slots.splice(std::next(slot), following);
+            const auto waits = [](const Slot& one) { return one.stage == Stage::waiting; };
+            state.next = std::find_if(state.slots.begin(), state.slots.end(), waits);
+            wakeWorker(state);
+        };
+        try {
+            slot->outcome.result = work(slot->outcome.job, addNext);
+        } catch (...) {
+            slot->outcome.failure = currentFailure();
+        }
+        lock.lock();
+        slot->stage = Stage::done;
+        slot->held = slot->outcome.result.heldBytes();
+        state.held += slot->held;
+    }
+
+    static void runJobs(State& state, const Work& work) {
+        std::unique_lock lock(state.mutex);
+        while (!state.isStopping) {
+            if (mayBegin(state)) {
+                runFirst(state, work, lock);
+                if (state.held * 2 >= state.maxHeld && state.slots.front().stage == Stage::done)
+                    wakeOwner(state);
+                continue;
+            }
+            if (!state.slots.empty() && state.slots.front().stage == Stage::done)
+                wakeOwner(state);
+            ++state.idle;
+            state.jobsReady.wait(lock);
+            --state.idle;
+        }
+        ++state.left;
+        state.workerLeft.notify_all();
+    }
+
+    void stop() noexcept {
+        std::unique_lock lock(state_->mutex);
+        state_->isStopping = true;
+        state_->jobsReady.notify_all();
+        const bool haveLeft = state_->workerLeft.wait_for(lock, patienceAtEnd,
+                                                          [this] { return state_->left == threads_.size(); });
+        lock.unlock();
+        for (std::thread& thread : threads_) {
+            if (haveLeft)
+                thread.join();
+            else
+                thread.detach();
+        }
+        threads_.clear();
+    }
+
+    std::shared_ptr<State> state_; ///< shared with workers that outlive this object
+    std::vector<std::thread> threads_;
+    Work ownWork_;
+};
+
+} // namespace brindlewick
