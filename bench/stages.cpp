@@ -97,10 +97,10 @@ void match(benchmark::State& state) {
     std::vector<std::u16string> tags = {u"street"};
     for (std::int64_t tag = 1; tag < state.range(1); ++tag)
         tags.push_back(u"tag" + textFromPathBytes(std::to_string(tag)));
-    TagMatcher matcher(tags);
-    std::vector<std::uint32_t> candidates;
+    const TagMatcher matcher(tags);
+    TagMatcher::Scratch scratch;
     for (auto _ : state)
-        matcher.findCandidates(reader.batch(), candidates);
+        benchmark::DoNotOptimize(matcher.findCandidates(reader.batch(), scratch).data());
     tellUnits(state, reader.batch().text.size());
 }
 

@@ -149,7 +149,7 @@ void TextFileReader::ReadWithTextStream(UnitBuffer& text) {
     if (file_->mark.isUnicode)
         decodeUtf16(bytes, text.end());
     else
-        decodeSingleByte(bytes, text.end());
+        decodeWindows1252(bytes, text.end());
     text.advance(units);
     begin_ += bytes.size();
     isPieceComplete_ = true;

@@ -13,7 +13,7 @@ namespace {
 using Texts = std::vector<std::u16string>;
 
 void expectTheMatchesOfAPlainSearch(const Texts& tags, const Texts& lines) {
-    TagMatcher matcher(tags);
+    const TagMatcher matcher(tags);
     std::u16string text;
     std::vector<std::uint32_t> ends;
     Texts folded;
@@ -29,11 +29,11 @@ void expectTheMatchesOfAPlainSearch(const Texts& tags, const Texts& lines) {
             matches[line] += folded[line].find(foldedTag) != std::u16string::npos ? 1 : 0;
     }
 
-    std::vector<std::uint32_t> candidates;
-    matcher.findCandidates({text, ends}, candidates);
+    TagMatcher::Scratch scratch;
+    const std::vector<std::uint32_t> candidates = matcher.findCandidates({text, ends}, scratch);
     auto candidate = candidates.begin();
     for (std::size_t line = 0; line < lines.size(); ++line) {
-        ASSERT_EQ(matcher.countMatches(lines[line]), matches[line]) << line;
+        ASSERT_EQ(matcher.countMatches(lines[line], scratch), matches[line]) << line;
         const bool isCandidate = candidate != candidates.end() && *candidate == line;
         candidate += isCandidate ? 1 : 0;
         ASSERT_TRUE(isCandidate || matches[line] == 0) << line;

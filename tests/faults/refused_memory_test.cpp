@@ -16,6 +16,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
 #include <cstdlib>
 #include <functional>
 #include <limits>
@@ -24,27 +27,51 @@
 
 namespace {
 
-/// How many more allocations succeed before one fails; then all do again.
-std::size_t allocationsLeft = std::numeric_limits<std::size_t>::max();
-bool wasRefused = false;
+/// How many more allocations succeed before one fails; then all do again. Workers allocate too.
+std::atomic<std::size_t> allocationsLeft = std::numeric_limits<std::size_t>::max();
+std::atomic<bool> wasRefused = false;
 
-void* allocate(std::size_t size) {
-    if (allocationsLeft-- == 0) {
+void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept {
+    if (allocationsLeft.fetch_sub(1) == 0) {
         wasRefused = true;
-        throw std::bad_alloc();
+        return nullptr;
     }
-    if (void* const memory = std::malloc(size == 0 ? 1 : size))
+    const std::size_t whole = (std::max<std::size_t>(size, 1) + alignment - 1) / alignment * alignment;
+    return std::aligned_alloc(alignment, whole);
+}
+
+void* allocateOrThrow(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) {
+    if (void* const memory = allocate(size, alignment))
         return memory;
     throw std::bad_alloc();
 }
 
 } // namespace
 
+// All of them: a library may allocate by one and free by another.
 void* operator new(std::size_t size) {
-    return allocate(size);
+    return allocateOrThrow(size);
 }
 void* operator new[](std::size_t size) {
+    return allocateOrThrow(size);
+}
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    return allocateOrThrow(size, static_cast<std::size_t>(alignment));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+    return allocateOrThrow(size, static_cast<std::size_t>(alignment));
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return allocate(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+    return allocate(size);
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return allocate(size, static_cast<std::size_t>(alignment));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return allocate(size, static_cast<std::size_t>(alignment));
 }
 void operator delete(void* memory) noexcept {
     std::free(memory);
@@ -56,6 +83,30 @@ void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::align_val_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::align_val_t) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
     std::free(memory);
 }
 

@@ -1,6 +1,4 @@
-// Failures and their report, encodings, letter case, paths as text, the text-file writer, work in the
-// background.
-#include "platform/background_work.h"
+// Failures and their report, encodings, letter case, paths as text, the text-file writer.
 #include "platform/error_report.h"
 #include "platform/letter_case.h"
 #include "platform/text.h"
@@ -8,10 +6,9 @@
 #include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
-#include <atomic>
+#include <functional>
 #include <new>
 #include <stdexcept>
-#include <thread>
 
 namespace brindlewick::testing {
 namespace {
@@ -169,27 +166,6 @@ TEST(TextFileWriter, WritesMoreThanItsBufferHoldsUntilItIsClosed) {
     EXPECT_EQ(folder.read("out.txt"), "closed by its end");
     if (std::filesystem::exists("/dev/full"))
         TextFileWriter(u"/dev/full").write(u"this failure is lost");
-}
-
-TEST(BackgroundWork, CallsTheCallersThreadMeanwhileAndThrowsAfterItsEnd) {
-    const auto caller = std::this_thread::get_id();
-    std::atomic<int> calls = 0;
-    bool isDone = false;
-    const auto work = [&] { // until the third call, for 20 seconds at most
-        for (int left = 20'000; calls < 3 && left > 0; --left)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        isDone = true;
-    };
-    const auto meanwhile = [&] {
-        EXPECT_EQ(std::this_thread::get_id(), caller);
-        if (++calls == 3)
-            throw Failure(FailureNumber::outOfMemory);
-    };
-    EXPECT_THROW(runInBackground(work, meanwhile), Failure);
-    EXPECT_GE(calls, 3);
-    EXPECT_TRUE(isDone);
-    EXPECT_THROW(runInBackground([] { throw Failure(FailureNumber::deviceIoError); }, [] {}), Failure);
 }
 
 } // namespace

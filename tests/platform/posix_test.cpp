@@ -40,7 +40,7 @@ TEST(LinksAndPipes, AreLookedAtListedAndOpened) {
     EXPECT_EQ(failureOf([&] { static_cast<void>(listFolder(folder.text("deadLink"))); }),
               FailureNumber::pathNotFound);
     std::string bytes(3, '\0');
-    EXPECT_EQ(InputFile(folder.text("pipe")).read(bytes), 0U); // does not wait for a writer
+    EXPECT_EQ(InputFile(folder.text("pipe")).readAt(0, bytes), 0U); // does not wait for a writer
 }
 
 TEST(Names, OfAnyBytesAreListedAndOpened) {
@@ -57,7 +57,7 @@ TEST(Names, OfAnyBytesAreListedAndOpened) {
 TEST(SpecialFiles, FailAsTheSystemSays) {
     std::string bytes(1, '\0');
     if (fs::exists("/proc/self/mem")) { // opens, but nothing is mapped at address 0
-        EXPECT_EQ(failureOf([&] { static_cast<void>(InputFile(u"/proc/self/mem").read(bytes)); }),
+        EXPECT_EQ(failureOf([&] { static_cast<void>(InputFile(u"/proc/self/mem").readAt(0, bytes)); }),
                   FailureNumber::deviceIoError);
     }
     if (fs::exists("/sys/kernel")) { // refuses files from root too
