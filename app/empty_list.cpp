@@ -1,5 +1,7 @@
 #include "app/empty_list.h"
 
+#include "app/mixed_colour.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPalette>
@@ -58,8 +60,10 @@ void paintFocusFrame(QPainter& painter, const QRect& room, const QPalette& palet
     constexpr int thickness = 2; // pixels
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(
-        QPen(palette.color(QPalette::Highlight), thickness, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    // Mixed with the text's colour: some skins have a highlight that is hardly seen as a line.
+    const QColor colour =
+        mixedColour(palette.color(QPalette::Text), palette.color(QPalette::Highlight), 0.5F);
+    painter.setPen(QPen(colour, thickness, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(room.adjusted(1, 1, -1, -1));
 }
 

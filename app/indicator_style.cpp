@@ -1,5 +1,7 @@
 #include "app/indicator_style.h"
 
+#include "app/mixed_colour.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
@@ -12,14 +14,6 @@ namespace {
 
 constexpr float textShare = 0.6F;
 
-QColor outlineColour(const QPalette& palette) {
-    const QColor text = palette.color(QPalette::Text);
-    const QColor base = palette.color(QPalette::Base);
-    const auto mixed = [](float ink, float paper) { return ink * textShare + paper * (1 - textShare); };
-    return QColor::fromRgbF(mixed(text.redF(), base.redF()), mixed(text.greenF(), base.greenF()),
-                            mixed(text.blueF(), base.blueF()));
-}
-
 } // namespace
 
 void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -31,7 +25,8 @@ void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
         return; // the outline has the colour of the focus
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(outlineColour(option->palette));
+    const QPalette& palette = option->palette;
+    painter->setPen(mixedColour(palette.color(QPalette::Text), palette.color(QPalette::Base), textShare));
     painter->setBrush(Qt::NoBrush);
     // Over Fusion's own outlines.
     const QRectF box = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);

@@ -18,7 +18,8 @@ void ListsSplitter::resizeEvent(QResizeEvent* event) {
         return;
     const int room = width() - handleWidth();
     const int most = room - widget(1)->minimumSizeHint().width();
-    const int left = std::min(std::max(room * 3 / 5, widget(0)->sizeHint().width()), most);
+    const int wanted = widget(0)->sizeHint().width();
+    const int left = std::max(room * 3 / 5, wanted <= most ? wanted : 0);
     setSizes({left, room - left});
 }
 

@@ -5,7 +5,7 @@
 
 namespace brindlewick {
 
-/// Gives the left area three fifths of the width, or more if its size hint is wider and the right area can
+/// Gives the left area three fifths of the width, or its size hint if that is wider and the right area can
 /// still be shown. A divider that the user has moved is left alone.
 class ListsSplitter : public QSplitter {
 public:

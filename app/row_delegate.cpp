@@ -13,6 +13,26 @@
 
 namespace brindlewick {
 
+namespace {
+
+/// The text with invisible places to break lines in words that no tool tip has room for.
+QString breakable(const QString& text) {
+    constexpr int longestWord = 60; // code units
+    QString broken;
+    int length = 0;
+    for (const QChar unit : text) {
+        length = unit.isSpace() ? 0 : length + 1;
+        if (length > longestWord && !unit.isLowSurrogate()) {
+            broken += QChar(0x200B);
+            length = 1;
+        }
+        broken += unit;
+    }
+    return broken;
+}
+
+} // namespace
+
 RowDelegate::RowDelegate(QAbstractItemView& view) : QStyledItemDelegate(&view), view_(view) {}
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -35,11 +55,13 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (cell.fontMetrics.horizontalAdvance(cell.text) <= roomForText(cell))
         return false;
     const QString whole = index.data(Qt::ToolTipRole).toString();
-    // A tool tip wraps only rich text, and into narrow lines.
-    const bool fits = cell.fontMetrics.horizontalAdvance(whole) < view_.screen()->availableSize().width() / 2;
-    QToolTip::showText(event->globalPos(),
-                       Qt::convertFromPlainText(whole, fits ? Qt::WhiteSpacePre : Qt::WhiteSpaceNormal),
-                       view_.viewport(), view_.visualRect(index));
+    // Without a width, a tool tip wraps rich text into narrow lines, and plain text not at all.
+    const int widest = view_.screen()->availableSize().width() * 2 / 3;
+    const QString tip = cell.fontMetrics.horizontalAdvance(whole) < widest
+                            ? QStringLiteral("<p style='white-space:pre'>%1</p>").arg(whole.toHtmlEscaped())
+                            : QStringLiteral("<table width=%1><tr><td>%2</td></tr></table>")
+                                  .arg(QString::number(widest), Qt::convertFromPlainText(breakable(whole)));
+    QToolTip::showText(event->globalPos(), tip, view_.viewport(), view_.visualRect(index));
     return true;
 }
 
