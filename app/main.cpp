@@ -26,6 +26,9 @@ int main(int count, char** words) {
         std::_Exit(EXIT_SUCCESS);
     });
     window.Form_Load();
+    const auto close = [&window] { window.close(); };
+    brindlewick::onEndRequest(window, close);
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, close); // the session's end
     window.show();
     return QApplication::exec();
 }

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <functional>
+
+class QObject;
 
 namespace brindlewick {
 
@@ -19,6 +22,11 @@ extern const bool readersBlockReplacement;
 /// Makes the copied text available after the process has ended. On Windows the process would else have to
 /// provide it.
 void keepClipboard() noexcept;
+
+/// Calls `handler` in the event loop when the system asks the process to end: by SIGTERM, SIGINT or SIGHUP,
+/// as long as `owner` exists. On Windows such a request closes the windows, so there is nothing to do. To be
+/// called at most once at a time.
+void onEndRequest(QObject& owner, std::function<void()> handler);
 
 /// True while a debugger is attached to this process.
 [[nodiscard]] bool runsUnderDebugger();

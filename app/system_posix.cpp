@@ -2,9 +2,40 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QSocketNotifier>
 #include <QStandardPaths>
 
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
 namespace brindlewick {
+
+namespace {
+
+int requestPipe[2] = {-1, -1}; // a byte for each signal
+
+extern "C" void writeRequest(int) {
+    const int error = errno;
+    // If the pipe is full, requests are already waiting.
+    [[maybe_unused]] const ssize_t written = write(requestPipe[1], "", 1);
+    errno = error;
+}
+
+void watchSignal(int signal) {
+    struct sigaction action {};
+    // A signal that is ignored, for example by nohup, is still ignored.
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN)
+        return;
+    action = {};
+    action.sa_handler = writeRequest;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+}
+
+} // namespace
 
 const char* const configFolderVariable = "XDG_CONFIG_HOME";
 const bool readersBlockReplacement = false;
@@ -14,6 +45,20 @@ QString configFolder() {
 }
 
 void keepClipboard() noexcept {}
+
+void onEndRequest(QObject& owner, std::function<void()> handler) {
+    if (requestPipe[0] < 0 && pipe2(requestPipe, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    auto* const notifier = new QSocketNotifier(requestPipe[0], QSocketNotifier::Read, &owner);
+    QObject::connect(notifier, &QSocketNotifier::activated, &owner, [handler = std::move(handler)] {
+        char requests[16];
+        while (read(requestPipe[0], requests, sizeof requests) > 0)
+            continue;
+        handler();
+    });
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        watchSignal(signal);
+}
 
 bool runsUnderDebugger() {
     // Linux only: the process id of the tracer, 0 for none.

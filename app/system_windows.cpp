@@ -25,6 +25,8 @@ void keepClipboard() noexcept {
     ::OleFlushClipboard();
 }
 
+void onEndRequest(QObject&, std::function<void()>) {}
+
 bool runsUnderDebugger() {
     return ::IsDebuggerPresent() != 0;
 }
