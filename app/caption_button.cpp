@@ -1,5 +1,6 @@
 #include "app/caption_button.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -33,6 +34,14 @@ QSize CaptionButton::sizeHint() const {
     const QSize size = style()->sizeFromContents(QStyle::CT_PushButton, &option, contents, this);
     return sign_.isEmpty() ? size
                            : QSize(size.height(), size.height()); // styles add a minimum width for words
+}
+
+void CaptionButton::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !event->isAutoRepeat())
+        click();
+    else
+        QPushButton::keyPressEvent(event);
 }
 
 void CaptionButton::initStyleOption(QStyleOptionButton* option) const {

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    /// Return and Enter press the button.
+    void keyPressEvent(QKeyEvent* event) override;
     void initStyleOption(QStyleOptionButton* option) const override;
     void paintEvent(QPaintEvent* event) override;
 

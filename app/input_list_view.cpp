@@ -1,61 +1,42 @@
 #include "app/input_list_view.h"
 
-#include "app/qt_text.h"
-
-#include <QDir>
-#include <QDragEnterEvent>
-#include <QDragMoveEvent>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QMouseEvent>
-#include <QUrl>
+#include <QPainter>
 #include <utility>
 
 namespace brindlewick {
 
 namespace {
 
-std::vector<std::u16string> localFiles(const QMimeData* data) {
-    std::vector<std::u16string> paths;
-    for (const QUrl& url : data->urls())
-        if (url.isLocalFile())
-            paths.push_back(fromQString(QDir::toNativeSeparators(url.toLocalFile())));
-    return paths;
-}
-
-void acceptFiles(QDropEvent* event) {
-    if (localFiles(event->mimeData()).empty()) {
-        event->setDropAction(Qt::IgnoreAction);
-        event->ignore();
-    } else {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
-}
+// Of the highlight.
+constexpr float veilOpacity = 0.15F;
+constexpr int highlightWidth = 3; // pixels
 
 } // namespace
 
-InputListView::InputListView(TextList& list, QWidget* parent) : RowsView(parent), drag_(list) {
-    setAcceptDrops(true);
-    viewport()->setAcceptDrops(true);
+InputListView::InputListView(TextList& list, QWidget* parent) : RowsView(parent), drag_(list) {}
+
+void InputListView::setHighlighted(bool isHighlighted) {
+    if (std::exchange(isHighlighted_, isHighlighted) != isHighlighted)
+        viewport()->update();
 }
 
-void InputListView::setDropHandler(std::function<void(const std::vector<std::u16string>&)> handler) {
-    dropHandler_ = std::move(handler);
+void InputListView::endDrag() {
+    drag_.ListView1_MouseUp();
+    viewport()->unsetCursor();
 }
 
-void InputListView::dragEnterEvent(QDragEnterEvent* event) {
-    acceptFiles(event);
-}
-
-void InputListView::dragMoveEvent(QDragMoveEvent* event) {
-    acceptFiles(event);
-}
-
-void InputListView::dropEvent(QDropEvent* event) {
-    acceptFiles(event);
-    if (event->isAccepted() && dropHandler_)
-        dropHandler_(localFiles(event->mimeData()));
+void InputListView::paintEvent(QPaintEvent* event) {
+    RowsView::paintEvent(event);
+    if (!isHighlighted_)
+        return;
+    QPainter painter(viewport());
+    const QColor colour = palette().color(QPalette::Highlight);
+    QColor veil = colour;
+    veil.setAlphaF(veilOpacity);
+    painter.fillRect(viewport()->rect(), veil);
+    painter.setPen(QPen(colour, 2 * highlightWidth));
+    painter.drawRect(viewport()->rect());
 }
 
 void InputListView::mousePressEvent(QMouseEvent* event) {
@@ -82,8 +63,7 @@ void InputListView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void InputListView::mouseReleaseEvent(QMouseEvent* event) {
-    drag_.ListView1_MouseUp();
-    viewport()->unsetCursor();
+    endDrag();
     RowsView::mouseReleaseEvent(event);
 }
 

@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/file_drop.h"
 #include "output/clipboard_text.h"
 #include "platform/error_report.h"
 
@@ -15,25 +16,6 @@ namespace {
 
 constexpr QSize preferredSize{1120, 760}; // pixels, if the screen is large enough
 constexpr QSize frameAllowance{16, 48};   // pixels for the title bar and the borders
-
-/// Calls `pressed` when the Delete key is pressed while the widget has the focus.
-class DeleteKeyWatcher : public QObject {
-public:
-    DeleteKeyWatcher(QWidget* watched, std::function<void()> pressed)
-        : QObject(watched), pressed_(std::move(pressed)) {
-        watched->installEventFilter(this);
-    }
-    bool eventFilter(QObject*, QEvent* event) override {
-        const bool isDelete =
-            event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete;
-        if (isDelete)
-            pressed_();
-        return isDelete;
-    }
-
-private:
-    std::function<void()> pressed_;
-};
 
 } // namespace
 
@@ -82,11 +64,10 @@ void Form1::connectButtons() {
     onClick(c.PushButton12, [this] { outputHandlers_.PushButton12_Click(); });
     onClick(c.PushButton11, [this] { outputHandlers_.PushButton11_Click(); });
     onClick(c.PushButton9, [this] { outputHandlers_.PushButton9_Click(); });
-    onClick(
-        c.PushButton15, [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); },
-        WhileBusy::allowed);
-    onClick(
-        c.PushButton2, [this] { optionHandlers_.PushButton2_Click(); }, WhileBusy::allowed);
+    // These two only show a message, so they are allowed during an operation.
+    connect(c.PushButton15, &QPushButton::clicked, this,
+            [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); });
+    connect(c.PushButton2, &QPushButton::clicked, this, [this] { optionHandlers_.PushButton2_Click(); });
 }
 
 void Form1::connectOptions() {
@@ -94,8 +75,10 @@ void Form1::connectOptions() {
         modes_.addButton(option);
         connect(option, &QRadioButton::toggled, this,
                 [this, handler = OptionHandlers::optionClicks()[place]](bool selected) {
-                    if (selected)
-                        (optionHandlers_.*handler)();
+                    if (!selected)
+                        return;
+                    keepTabStop();
+                    (optionHandlers_.*handler)();
                 });
         ++place;
     }
@@ -104,15 +87,9 @@ void Form1::connectOptions() {
 }
 
 void Form1::connectLists() {
-    connect(controls_.ListView1, &QAbstractItemView::doubleClicked, this,
-            [this] { inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow()); });
-    controls_.ListView1->setDropHandler(
-        [this](const std::vector<std::u16string>& items) { inputHandlers_.ListView1_OLEDragDrop(items); });
-    new DeleteKeyWatcher(controls_.ListView1,
-                         [this] { inputHandlers_.ListView1_DblClick(controls_.ListView1->selectedRow()); });
-    new DeleteKeyWatcher(controls_.ListView3, [this] {
-        tagHandlers_.ListView3_KeyDown(deleteKeyCode, controls_.ListView3->selectedRow());
-    });
+    new FileDrop(
+        *this, [this](bool isOver) { controls_.ListView1->setHighlighted(isOver); },
+        [this](const std::vector<std::u16string>& paths) { listGestures_.addFiles(paths); });
     controls_.ListView2->setCopyHandler([this] { copySelectedRows(); });
     connect(&resultsModel_, &QAbstractItemModel::modelReset, this, [this] {
         QList<int> widths;
@@ -122,43 +99,41 @@ void Form1::connectLists() {
     });
 }
 
+/// Tab goes to the selected mode. QButtonGroup does this only when a button gets the focus.
+void Form1::keepTabStop() {
+    for (QRadioButton* option : controls_.Options)
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 void Form1::addShortcuts() {
-    onShortcut(QKeySequence::Open, controls_.PushButton1);
-    onShortcut(QKeySequence::Save, controls_.PushButton6);
-    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), controls_.PushButton7);
-    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Enter), controls_.PushButton7);
-    onShortcut(QKeySequence(Qt::Key_F1), controls_.PushButton2);
-    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this, [this] { restoreTaken(); });
+    const Controls& c = controls_;
+    onShortcut(QKeySequence::Open, c.PushButton1);
+    onShortcut(QKeySequence::Save, c.PushButton6);
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Enter), c.PushButton7);
+    onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), c.PushButton7);
+    onShortcut(QKeySequence(Qt::Key_F1), c.PushButton2);
+    nameKey(QKeySequence(Qt::Key_Insert), c.PushButton3); // in the tag list
+    nameKey(QKeySequence(Qt::Key_Delete), c.PushButton8);
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
+            [this] { gestures_.start([this] { undoList_.undoStep(); }); });
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
             [this] { close(); });
 }
 
-void Form1::onClick(QPushButton* button, std::function<void()> handler, WhileBusy whileBusy) {
-    connect(button, &QPushButton::clicked, this, [this, handler = std::move(handler), whileBusy] {
-        if (user_.isBusy() && whileBusy == WhileBusy::ignored)
-            return;
-        // Handlers report their own failures. This guard keeps any other exception out of the event loop.
-        const Guard guard(user_, u"Form1.Click");
-        guard(handler);
-    });
+void Form1::onClick(QPushButton* button, std::function<void()> handler) {
+    connect(button, &QPushButton::clicked, this,
+            [this, handler = std::move(handler)] { gestures_.start(handler); });
 }
 
 void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
     connect(new QShortcut(keys, this), &QShortcut::activated, button, [button] { button->click(); });
+    nameKey(keys, button);
 }
 
-/// Undoes the last removal: in the list with the focus if there is one to undo, else in the other list.
-void Form1::restoreTaken() {
-    if (user_.isBusy())
-        return;
-    const Guard guard(user_, u"Form1.Form_KeyDown");
-    guard([&] {
-        const bool tagsFirst = controls_.ListView3->hasFocus();
-        TextList& first = tagsFirst ? tags_ : inputFiles_;
-        TextList& second = tagsFirst ? inputFiles_ : tags_;
-        if (!first.restoreTaken())
-            second.restoreTaken();
-    });
+/// Names the keys in the button's tool tip.
+void Form1::nameKey(const QKeySequence& keys, QPushButton* button) {
+    button->setToolTip(
+        QStringLiteral("%1 (%2)").arg(button->text().trimmed(), keys.toString(QKeySequence::NativeText)));
 }
 
 void Form1::copySelectedRows() {

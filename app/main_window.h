@@ -3,6 +3,8 @@
 
 #include "app/appearance.h"
 #include "app/controls.h"
+#include "app/gestures.h"
+#include "app/list_gestures.h"
 #include "app/results_model.h"
 #include "app/sample_files.h"
 #include "app/settings_file.h"
@@ -51,22 +53,21 @@ private:
     void connectOptions();
     void connectLists();
     void addShortcuts();
-    enum class WhileBusy { ignored, allowed };
-    /// Calls the handler when the button is clicked. `whileBusy` applies while an operation is under way.
-    void onClick(QPushButton* button, std::function<void()> handler,
-                 WhileBusy whileBusy = WhileBusy::ignored);
+    void onClick(QPushButton* button, std::function<void()> handler);
     void onShortcut(const QKeySequence& keys, QPushButton* button);
+    static void nameKey(const QKeySequence& keys, QPushButton* button);
+    void keepTabStop();
     void copySelectedRows();
-    void restoreTaken();
     void restoreMode();
     void catchUp();
 
     std::u16string programFolder_;
     std::function<void()> endProcess_;
 
-    TextList inputFiles_;
-    TextList tags_;
-    ResultsTable results_;
+    UndoList undoList_;
+    TextList inputFiles_{&undoList_};
+    TextList tags_{&undoList_};
+    ResultsTable results_{&undoList_};
     SettingsFile settings_;
     ExtractionOptions options_{settings_};
 
@@ -75,6 +76,7 @@ private:
     ResultsModel resultsModel_{results_};
     Controls controls_{inputFiles_, resultsModel_};
     WindowUser user_;
+    Gestures gestures_{user_, undoList_};
     QButtonGroup modes_;
 
     InputFileHandlers inputHandlers_{user_, settings_, inputFiles_};
@@ -83,6 +85,8 @@ private:
     ExtractionRun run_{user_, options_, inputFiles_.texts(), tags_.texts(), results_};
     OutputHandlers outputHandlers_{user_, results_};
     SampleFiles samples_;
+    ListGestures listGestures_{{controls_, user_, gestures_, inputFiles_, tags_, inputHandlers_, tagHandlers_,
+                                resultsModel_, [this] { copySelectedRows(); }}};
     std::unique_ptr<HoverPointer> hover_;
 };
 

@@ -1,8 +1,10 @@
 // A label with a path of a megabyte or a thousand lines would push a box's buttons off the screen.
 #include "app/message_dialog.h"
 
+#include "app/dialog_loop.h"
 #include "app/qt_text.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -34,6 +36,10 @@ constexpr QRect maxTextArea(0, 0, 560, 340);
 constexpr int minTextHeight = 60;
 constexpr int heightOfTheRest = 80;
 
+bool isQuestion(MessageKind kind) {
+    return kind == MessageKind::question || kind == MessageKind::warningQuestion;
+}
+
 bool fitsBox(const QString& lines) {
     if (lines.size() > maxBoxLength)
         return false;
@@ -59,16 +65,17 @@ void closeIconGap(QMessageBox& box) {
         label->setIndent(0);
 }
 
-bool showBox(QWidget& parent, const QString& title, const QString& lines, MessageKind kind) {
+bool showBox(QWidget& parent, const QString& title, const QString& lines, MessageKind kind,
+             DialogCheckBox* checkBox) {
     QMessageBox box(&parent);
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
     box.setText(lines);
     box.setIcon(kind == MessageKind::warning ? QMessageBox::Warning : QMessageBox::NoIcon);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    if (kind == MessageKind::question) {
+    if (isQuestion(kind)) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box.setDefaultButton(QMessageBox::Yes);
+        box.setDefaultButton(kind == MessageKind::question ? QMessageBox::Yes : QMessageBox::No);
         box.setEscapeButton(QMessageBox::No);
     } else {
         box.setStandardButtons(QMessageBox::Ok);
@@ -81,7 +88,13 @@ bool showBox(QWidget& parent, const QString& title, const QString& lines, Messag
     }
     if (kind != MessageKind::warning)
         closeIconGap(box);
-    const int answer = box.exec();
+    if (checkBox != nullptr) {
+        box.setCheckBox(new QCheckBox(checkBox->caption));
+        box.checkBox()->setChecked(checkBox->isTicked);
+    }
+    const int answer = runDialog(parent, box);
+    if (checkBox != nullptr)
+        checkBox->isTicked = box.checkBox()->isChecked();
     return answer == QMessageBox::Yes || answer == QMessageBox::Ok;
 }
 
@@ -91,15 +104,16 @@ int heightFor(const QString& lines, const QWidget& view) {
     return std::clamp(text.height() + view.fontMetrics().height(), minTextHeight, maxTextArea.height());
 }
 
-bool showScrollingWindow(QWidget& parent, const QString& title, const QString& lines, MessageKind kind) {
+bool showScrollingWindow(QWidget& parent, const QString& title, const QString& lines, MessageKind kind,
+                         DialogCheckBox* checkBox) {
     QDialog dialog(&parent);
     dialog.setWindowTitle(title);
     auto* text = new QPlainTextEdit(lines);
     text->setReadOnly(true);
     text->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    auto* buttons = new QDialogButtonBox(kind == MessageKind::question
-                                             ? QDialogButtonBox::Yes | QDialogButtonBox::No
-                                             : QDialogButtonBox::StandardButtons(QDialogButtonBox::Ok));
+    auto* buttons =
+        new QDialogButtonBox(isQuestion(kind) ? QDialogButtonBox::Yes | QDialogButtonBox::No
+                                              : QDialogButtonBox::StandardButtons(QDialogButtonBox::Ok));
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
 
@@ -113,19 +127,32 @@ bool showScrollingWindow(QWidget& parent, const QString& title, const QString& l
     row->addWidget(text);
     auto* column = new QVBoxLayout(&dialog);
     column->addLayout(row);
+    auto* const tick = checkBox != nullptr ? new QCheckBox(checkBox->caption) : nullptr;
+    if (tick != nullptr) {
+        tick->setChecked(checkBox->isTicked);
+        column->addWidget(tick);
+    }
     column->addWidget(buttons);
     const QSize maxSize = parent.screen()->availableSize() * 0.8;
     dialog.resize(QSize(windowWidth, heightFor(lines, *text) + heightOfTheRest).boundedTo(maxSize));
-    buttons->button(kind == MessageKind::question ? QDialogButtonBox::Yes : QDialogButtonBox::Ok)->setFocus();
-    return dialog.exec() == QDialog::Accepted;
+    auto* const preset = buttons->button(kind == MessageKind::question          ? QDialogButtonBox::Yes
+                                         : kind == MessageKind::warningQuestion ? QDialogButtonBox::No
+                                                                                : QDialogButtonBox::Ok);
+    preset->setDefault(true);
+    preset->setFocus();
+    const bool isAccepted = runDialog(parent, dialog) == QDialog::Accepted;
+    if (tick != nullptr)
+        checkBox->isTicked = tick->isChecked();
+    return isAccepted;
 }
 
 } // namespace
 
-bool showMessageDialog(QWidget& parent, const QString& title, std::u16string_view text, MessageKind kind) {
+bool showMessageDialog(QWidget& parent, const QString& title, std::u16string_view text, MessageKind kind,
+                       DialogCheckBox* checkBox) {
     const QString lines = shownLines(text);
-    return fitsBox(lines) ? showBox(parent, title, lines, kind)
-                          : showScrollingWindow(parent, title, lines, kind);
+    return fitsBox(lines) ? showBox(parent, title, lines, kind, checkBox)
+                          : showScrollingWindow(parent, title, lines, kind, checkBox);
 }
 
 QString shownLines(std::u16string_view text) {

@@ -6,8 +6,10 @@
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QStyle>
+#include <QToolButton>
 #include <algorithm>
 #include <utility>
 
@@ -52,10 +54,30 @@ void announce(QLabel& label) {
 #endif
 }
 
+/// Can be pressed once; then it is disabled.
+QToolButton* makeStopButton(QStatusBar& statusBar, std::function<void()> stop) {
+    auto* const button = new QToolButton(&statusBar);
+    button->setObjectName(QStringLiteral("stopButton"));
+    button->setText(QStringLiteral("Stop"));
+    button->setToolTip(QStringLiteral("Stop (Esc)"));
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setCursor(Qt::ArrowCursor); // not the hourglass
+    const auto press = [button, stop = std::move(stop)] {
+        button->setEnabled(false);
+        stop();
+    };
+    QObject::connect(button, &QToolButton::clicked, button, press);
+    // Works while the button is shown. The button's own shortcut would press it with a delay.
+    auto* const escape = new QShortcut(Qt::Key_Escape, button);
+    QObject::connect(escape, &QShortcut::activated, button, press);
+    return button;
+}
+
 } // namespace
 
-Narrator::Narrator(QStatusBar& statusBar)
-    : label_(new ElidedLabel(&statusBar)), bar_(new QProgressBar(&statusBar)) {
+Narrator::Narrator(QStatusBar& statusBar, std::function<void()> stop)
+    : label_(new ElidedLabel(&statusBar)), bar_(new QProgressBar(&statusBar)),
+      stop_(makeStopButton(statusBar, std::move(stop))) {
     QAccessible::installFactory(makeNotification);
     label_->setObjectName(QStringLiteral("progressLabel"));
     label_->setTextFormat(Qt::PlainText);
@@ -67,7 +89,9 @@ Narrator::Narrator(QStatusBar& statusBar)
     bar_->setFixedWidth(200);
     statusBar.addWidget(label_, 1);
     statusBar.addPermanentWidget(bar_);
+    statusBar.addPermanentWidget(stop_);
     bar_->hide();
+    stop_->hide();
     setText({});
     sinceUpdate_.start();
 }
@@ -81,14 +105,17 @@ void Narrator::showProgress(std::u16string_view text, std::uint64_t done, std::u
     done_ = done;
     total_ = total;
     hasChanged_ = true;
-    if (!std::exchange(isRunning_, true))
+    if (!std::exchange(isRunning_, true)) {
+        stop_->setEnabled(true);
         updateNow();
+    }
 }
 
 void Narrator::endProgress(std::u16string_view summary) {
     isRunning_ = false;
     hasChanged_ = false;
     bar_->hide();
+    stop_->hide();
     setText(summary);
     announce(*label_);
 }
@@ -116,6 +143,7 @@ void Narrator::updateNow() {
         bar_->setValue(static_cast<int>(share * progressSteps));
     }
     bar_->show();
+    stop_->show();
 }
 
 void Narrator::setText(std::u16string_view text) {

@@ -10,6 +10,7 @@
 class QLabel;
 class QProgressBar;
 class QStatusBar;
+class QToolButton;
 
 namespace brindlewick {
 
@@ -17,8 +18,9 @@ namespace brindlewick {
 /// announced to assistive tools.
 class Narrator {
 public:
-    /// `statusBar` owns the widgets and must outlive this object.
-    explicit Narrator(QStatusBar& statusBar);
+    /// `statusBar` owns the widgets and must outlive this object. `stop` is called when the user presses the
+    /// Stop button or Esc while progress is shown.
+    Narrator(QStatusBar& statusBar, std::function<void()> stop);
 
     /// Sets the function that returns the counts ("6 files; 3 tags").
     void setCounts(std::function<std::u16string()> counts);
@@ -42,6 +44,7 @@ private:
 
     QLabel* label_;
     QProgressBar* bar_;
+    QToolButton* stop_;
     std::function<std::u16string()> counts_;
     std::u16string text_; ///< of the progress
     std::uint64_t done_ = 0;

@@ -37,9 +37,18 @@ void ResultsModel::catchUp() {
 }
 
 void ResultsModel::setChecked(int first, int last, bool checked) {
+    if (last < first)
+        return;
     for (int row = first; row <= last; ++row)
         table_.setChecked(static_cast<std::size_t>(row), checked);
     emit dataChanged(index(first, 0), index(last, 0), {Qt::CheckStateRole});
+}
+
+void ResultsModel::invertChecked() {
+    for (int row = 0; row < shown_; ++row)
+        table_.setChecked(static_cast<std::size_t>(row), !table_.isChecked(static_cast<std::size_t>(row)));
+    if (shown_ > 0)
+        emit dataChanged(index(0, 0), index(shown_ - 1, 0), {Qt::CheckStateRole});
 }
 
 int ResultsModel::rowCount(const QModelIndex& parent) const {

@@ -19,6 +19,8 @@ public:
     /// Ticks or unticks the rows from `first` to `last`, both included.
     void setChecked(int first, int last, bool checked);
 
+    void invertChecked();
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

@@ -81,7 +81,8 @@ void SampleFiles::LoadSampleFiles(TextList& list) {
     }
     if (user_.askYesNo(
             u"Would you like this software to open the folder where these sample files are stored (so "
-            u"that you can view them before working with them)?"))
+            u"that you can view them before working with them)?",
+            YesNo::yes))
         user_.openFolder(withSeparator(samplesFolder(programFolder_)));
 }
 

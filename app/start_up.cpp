@@ -47,6 +47,7 @@ void Form1::Form_Load() {
     });
     guard([&] { appendTagsFromSetting(settings_.GetSetting(u"Tags", u""), tags_); });
     guard([&] { restoreMode(); });
+    undoList_.clear();
 }
 
 void Form1::restoreMode() {

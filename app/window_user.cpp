@@ -1,9 +1,11 @@
 #include "app/window_user.h"
 
+#include "app/dialog_loop.h"
 #include "app/file_dialogs.h"
 #include "app/message_dialog.h"
 #include "app/qt_text.h"
 #include "platform/failure.h"
+#include "platform/text.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
@@ -22,6 +24,7 @@ namespace {
 constexpr qint64 minPause = 8'000'000;   // ns; half a frame at 60 Hz
 constexpr qint64 maxPause = 100'000'000; // ns; a longer pause is noticed
 constexpr int maxDispatch = 5;           // ms
+constexpr int maxPlainReports = 3;       // of one operation; the next ones have a check box
 constexpr int answerWidth = 60;          // characters of average width
 
 } // namespace
@@ -37,8 +40,27 @@ std::u16string applicationTitle(std::u16string_view name) {
     return std::u16string(name);
 }
 
+/// While a dialog is open. Before that, the views and the status bar are brought up to date.
+class WindowUser::DialogScope {
+public:
+    DialogScope(WindowUser& user, DialogKind kind) : user_(user) {
+        user_.catchUp();
+        user_.narrator_.updateNow();
+        // A question is the beginning of an operation, unless it is part of one.
+        if (kind == DialogKind::question && !user_.isBusy())
+            user_.narrator_.showCounts();
+        ++user_.openDialogs_;
+    }
+    ~DialogScope() { --user_.openDialogs_; }
+    DialogScope(const DialogScope&) = delete;
+    DialogScope& operator=(const DialogScope&) = delete;
+
+private:
+    WindowUser& user_;
+};
+
 WindowUser::WindowUser(QWidget& window, QStatusBar& statusBar)
-    : window_(window), narrator_(statusBar), title_(toQString(displayName)) {
+    : window_(window), narrator_(statusBar, [this] { requestStop(); }), title_(toQString(displayName)) {
     sinceDispatch_.start();
 }
 
@@ -57,22 +79,35 @@ void WindowUser::setBeforeDispatch(std::function<void()> beforeDispatch) {
 }
 
 void WindowUser::showMessage(std::u16string_view text) {
-    catchUpForDialog();
+    const DialogScope scope(*this, DialogKind::message);
     showMessageDialog(window_, title_, text, MessageKind::information);
 }
 
 void WindowUser::showApplicationError(std::u16string_view text) {
-    catchUpForDialog();
-    showMessageDialog(window_, QStringLiteral("Application Error"), text, MessageKind::warning);
+    if (reports_.areHidden) {
+        ++reports_.hidden;
+        if (!isBusy())
+            narrator_.endProgress(withHiddenReports({}));
+        return;
+    }
+    const DialogScope scope(*this, DialogKind::message);
+    DialogCheckBox hideFurther{QStringLiteral("Do not show further reports of this operation")};
+    const bool isOffered = ++reports_.shown > maxPlainReports;
+    showMessageDialog(window_, QStringLiteral("Application Error"), text, MessageKind::warning,
+                      isOffered ? &hideFurther : nullptr);
+    reports_.areHidden = hideFurther.isTicked;
 }
 
-bool WindowUser::askYesNo(std::u16string_view text) {
-    catchUpForQuestion();
-    return showMessageDialog(window_, title_, text, MessageKind::question);
+bool WindowUser::askYesNo(std::u16string_view text, YesNo defaultAnswer) {
+    const DialogScope scope(*this, DialogKind::question);
+    return showMessageDialog(window_, title_, text,
+                             defaultAnswer == YesNo::yes ? MessageKind::question
+                                                         : MessageKind::warningQuestion);
 }
 
-std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_view proposedAnswer) {
-    catchUpForQuestion();
+std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_view proposedAnswer,
+                                   ProposedAnswer whenTyping) {
+    const DialogScope scope(*this, DialogKind::question);
     QInputDialog dialog(&window_);
     dialog.setInputMode(QInputDialog::TextInput);
     dialog.setWindowTitle(title_);
@@ -81,23 +116,29 @@ std::u16string WindowUser::askText(std::u16string_view prompt, std::u16string_vi
     if (QLabel* label = dialog.findChild<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     dialog.setTextValue(toQString(proposedAnswer));
-    if (auto* const field = dialog.findChild<QLineEdit*>())
+    if (auto* const field = dialog.findChild<QLineEdit*>()) {
         field->setMinimumWidth(answerWidth * field->fontMetrics().averageCharWidth());
-    return dialog.exec() == QDialog::Accepted ? fromQString(dialog.textValue()) : std::u16string();
+        // The dialog selects the answer when it is shown.
+        if (whenTyping == ProposedAnswer::isContinued)
+            QMetaObject::invokeMethod(
+                field, [field] { field->end(false); }, Qt::QueuedConnection);
+    }
+    return runDialog(window_, dialog) == QDialog::Accepted ? fromQString(dialog.textValue())
+                                                           : std::u16string();
 }
 
 std::u16string WindowUser::chooseFilesToOpen(const FileDialog& dialog) {
-    catchUpForQuestion();
+    const DialogScope scope(*this, DialogKind::question);
     return joinedSelection(runOpenDialog(window_, dialog, lastFolder_));
 }
 
 std::u16string WindowUser::chooseFileToSave(const FileDialog& dialog) {
-    catchUpForQuestion();
+    const DialogScope scope(*this, DialogKind::question);
     return fromQString(runSaveDialog(window_, dialog, lastFolder_));
 }
 
 std::u16string WindowUser::browseForFolder(std::u16string_view prompt, std::u16string_view startFolder) {
-    catchUpForQuestion();
+    const DialogScope scope(*this, DialogKind::question);
     return fromQString(runFolderDialog(window_, shownLines(prompt), toQString(startFolder)));
 }
 
@@ -132,12 +173,15 @@ void WindowUser::yield() {
 }
 
 void WindowUser::showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) {
-    narrator_.showProgress(text, done, total);
+    if (reports_.hidden == 0)
+        narrator_.showProgress(text, done, total);
+    else
+        narrator_.showProgress(withHiddenReports(text), done, total);
 }
 
 void WindowUser::endProgress(std::u16string_view summary) {
     catchUp(); // a change that is reported later would replace the summary
-    narrator_.endProgress(summary);
+    narrator_.endProgress(withHiddenReports(summary));
 }
 
 void WindowUser::setClipboardText(std::u16string_view text) {
@@ -159,16 +203,14 @@ void WindowUser::catchUp() {
     narrator_.update();
 }
 
-void WindowUser::catchUpForDialog() {
-    catchUp();
-    narrator_.updateNow();
-}
-
-/// A question is the beginning of an operation, unless it is part of one.
-void WindowUser::catchUpForQuestion() {
-    catchUpForDialog();
-    if (!isBusy())
-        narrator_.showCounts();
+/// The text, and how many reports of the operation are not shown.
+std::u16string WindowUser::withHiddenReports(std::u16string_view text) const {
+    std::u16string all(text);
+    if (reports_.hidden > 0)
+        all.append(text.empty() ? u"" : u", ")
+            .append(decimalText(reports_.hidden))
+            .append(reports_.hidden == 1 ? u" report not shown" : u" reports not shown");
+    return all;
 }
 
 } // namespace brindlewick

@@ -37,11 +37,17 @@ public:
     /// example to report appended rows to the views.
     void setBeforeDispatch(std::function<void()> beforeDispatch);
 
+    /// Begins to count the reports of an operation: from the fourth on, the user can choose that the further
+    /// ones are not shown; the status bar says how many these are.
+    void beginReports() noexcept { reports_ = {}; }
+    /// True while a dialog is open.
+    [[nodiscard]] bool hasDialog() const noexcept { return openDialogs_ > 0; }
+
     void showMessage(std::u16string_view text) override;
     void showApplicationError(std::u16string_view text) override;
-    [[nodiscard]] bool askYesNo(std::u16string_view text) override;
-    [[nodiscard]] std::u16string askText(std::u16string_view prompt,
-                                         std::u16string_view proposedAnswer) override;
+    [[nodiscard]] bool askYesNo(std::u16string_view text, YesNo defaultAnswer) override;
+    [[nodiscard]] std::u16string askText(std::u16string_view prompt, std::u16string_view proposedAnswer,
+                                         ProposedAnswer whenTyping) override;
     /// This dialog and that of `chooseFileToSave` open in the folder of the last choice of this session.
     [[nodiscard]] std::u16string chooseFilesToOpen(const FileDialog& dialog) override;
     [[nodiscard]] std::u16string chooseFileToSave(const FileDialog& dialog) override;
@@ -57,9 +63,11 @@ public:
     void openFolder(std::u16string_view folder) override;
 
 private:
+    enum class DialogKind { message, question };
+    class DialogScope;
+
     void catchUp();
-    void catchUpForDialog();
-    void catchUpForQuestion();
+    [[nodiscard]] std::u16string withHiddenReports(std::u16string_view text) const;
 
     QWidget& window_;
     Narrator narrator_;
@@ -68,6 +76,14 @@ private:
     PointerShape pointer_ = PointerShape::standard;
     std::optional<QCursor> hand_;
     std::function<void()> beforeDispatch_;
+    int openDialogs_ = 0;
+
+    struct Reports {
+        int shown = 0;
+        std::uint64_t hidden = 0;
+        bool areHidden = false; ///< from now on
+    };
+    Reports reports_;
 
     QElapsedTimer sinceDispatch_;
     qint64 dispatchPause_ = 0; ///< nanoseconds until `yield` handles events again

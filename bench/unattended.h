@@ -27,8 +27,8 @@ public:
         }
         std::fprintf(stderr, "%s\n", line.c_str());
     }
-    bool askYesNo(std::u16string_view) override { return false; }
-    std::u16string askText(std::u16string_view, std::u16string_view) override { return {}; }
+    bool askYesNo(std::u16string_view, YesNo) override { return false; }
+    std::u16string askText(std::u16string_view, std::u16string_view, ProposedAnswer) override { return {}; }
     std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
     std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
     std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }

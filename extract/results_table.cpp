@@ -3,6 +3,7 @@
 #include "platform/failure.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace brindlewick {
 
@@ -43,7 +44,7 @@ private:
 
 } // namespace
 
-ResultsTable::ResultsTable() = default;
+ResultsTable::ResultsTable(UndoList* undoList) : undoList_(undoList) {}
 ResultsTable::~ResultsTable() = default;
 
 void ResultsTable::setColumns(bool withFilename) {
@@ -53,36 +54,42 @@ void ResultsTable::setColumns(bool withFilename) {
 
 void ResultsTable::clearAll() {
     const ResetScope reset(listener_);
-    discardRows();
+    rows_ = {};
+    cleared_.reset();
     columns_ = {};
 }
 
 void ResultsTable::clearRows() {
-    const ResetScope reset(listener_);
-    discardRows();
+    if (rows_.count == 0)
+        return;
+    {
+        const ResetScope reset(listener_);
+        cleared_ = std::exchange(rows_, {});
+    }
+    if (undoList_ != nullptr)
+        undoList_->add([this] { return restoreRows(); });
 }
 
-void ResultsTable::discardRows() {
-    blocks_.clear();
-    rowCount_ = 0;
-    files_.clear();
-    arenas_.clear();
-    arenaNext_ = nullptr;
-    arenaLeft_ = 0;
+bool ResultsTable::restoreRows() {
+    if (!cleared_)
+        return false;
+    const ResetScope reset(listener_);
+    rows_ = *std::exchange(cleared_, std::nullopt);
+    return true;
 }
 
 void ResultsTable::truncateRows(std::size_t rowCount) {
-    if (rowCount >= rowCount_)
+    if (rowCount >= rows_.count)
         return;
     const ResetScope reset(listener_);
-    rowCount_ = rowCount;
-    blocks_.resize((rowCount + rowsPerBlock - 1) / rowsPerBlock);
+    rows_.count = rowCount;
+    rows_.blocks.resize((rowCount + rowsPerBlock - 1) / rowsPerBlock);
 }
 
 void ResultsTable::beginFile(std::u16string_view path) {
-    if (files_.size() == maxFiles)
+    if (rows_.files.size() == maxFiles)
         throw Failure(FailureNumber::outOfMemory);
-    files_.emplace_back(path);
+    rows_.files.emplace_back(path);
 }
 
 ResultsTable::Text ResultsTable::store(std::u16string_view text) {
@@ -90,34 +97,34 @@ ResultsTable::Text ResultsTable::store(std::u16string_view text) {
         throw Failure(FailureNumber::outOfMemory);
     Text stored;
     stored.length_ = static_cast<std::uint32_t>(text.size());
-    if (text.size() > arenaLeft_ && text.size() > maxSharedArenaText) {
-        arenas_.push_back(std::make_unique_for_overwrite<char16_t[]>(text.size()));
-        std::copy(text.begin(), text.end(), arenas_.back().get());
-        stored.units_ = arenas_.back().get();
+    if (text.size() > rows_.arenaLeft && text.size() > maxSharedArenaText) {
+        rows_.arenas.push_back(std::make_unique_for_overwrite<char16_t[]>(text.size()));
+        std::copy(text.begin(), text.end(), rows_.arenas.back().get());
+        stored.units_ = rows_.arenas.back().get();
         return stored;
     }
-    if (text.size() > arenaLeft_) {
-        arenas_.push_back(std::make_unique_for_overwrite<char16_t[]>(arenaLength));
-        arenaNext_ = arenas_.back().get();
-        arenaLeft_ = arenaLength;
+    if (text.size() > rows_.arenaLeft) {
+        rows_.arenas.push_back(std::make_unique_for_overwrite<char16_t[]>(arenaLength));
+        rows_.arenaNext = rows_.arenas.back().get();
+        rows_.arenaLeft = arenaLength;
     }
-    std::copy(text.begin(), text.end(), arenaNext_);
-    stored.units_ = arenaNext_;
-    arenaNext_ += text.size();
-    arenaLeft_ -= text.size();
+    std::copy(text.begin(), text.end(), rows_.arenaNext);
+    stored.units_ = rows_.arenaNext;
+    rows_.arenaNext += text.size();
+    rows_.arenaLeft -= text.size();
     return stored;
 }
 
 void ResultsTable::appendRow(Text text, bool withFilename) {
-    if (rowCount_ == blocks_.size() * rowsPerBlock)
-        blocks_.push_back(std::make_unique_for_overwrite<Row[]>(rowsPerBlock));
-    Row& row = at(rowCount_);
+    if (rows_.count == rows_.blocks.size() * rowsPerBlock)
+        rows_.blocks.push_back(std::make_unique_for_overwrite<Row[]>(rowsPerBlock));
+    Row& row = at(rows_.count);
     row.units = text.units_;
     row.length = text.length_;
-    row.file = static_cast<std::uint32_t>(files_.size() - 1) & (maxFiles - 1);
+    row.file = static_cast<std::uint32_t>(rows_.files.size() - 1) & (maxFiles - 1);
     row.withFilename = withFilename ? 1 : 0;
     row.checked = 1;
-    ++rowCount_;
+    ++rows_.count;
     if (announcesAppend_) {
         announcesAppend_ = false;
         listener_->rowWasAppended();
@@ -132,7 +139,7 @@ std::u16string_view ResultsTable::cell(std::size_t row, std::size_t column) cons
         return {};
     switch (columns[column].content) {
     case Content::filename:
-        return files_[stored.file];
+        return rows_.files[stored.file];
     case Content::result:
         return {stored.units, stored.length};
     }

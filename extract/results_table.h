@@ -4,9 +4,12 @@
 // share its path. What is stored never moves, so the table grows without copying rows.
 #pragma once
 
+#include "platform/undo_list.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,16 +44,17 @@ public:
         std::uint32_t length_ = 0;
     };
 
-    ResultsTable();
+    /// `undoList`, if there is one, must not undo changes of a table that has been destroyed.
+    explicit ResultsTable(UndoList* undoList = nullptr);
     ~ResultsTable();
     ResultsTable(const ResultsTable&) = delete;
     ResultsTable& operator=(const ResultsTable&) = delete;
 
     /// Replaces the columns: "Filename" and "Results" (3500 twips each), or "Results" alone (7000 twips).
     void setColumns(bool withFilename);
-    /// Removes all rows and all columns.
+    /// Removes all rows and all columns, and discards the rows that clearRows() has removed.
     void clearAll();
-    /// Removes all rows and keeps the columns.
+    /// Removes all rows and keeps the columns. Can be undone until clearAll() is called. Copies no row.
     void clearRows();
     /// Removes the rows from `rowCount` on, for example when their file turns out to be unreadable.
     void truncateRows(std::size_t rowCount);
@@ -63,7 +67,7 @@ public:
     /// the text; without it, the first cell is the text and a second column stays empty.
     void appendRow(Text text, bool withFilename);
 
-    [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
+    [[nodiscard]] std::size_t rowCount() const noexcept { return rows_.count; }
     [[nodiscard]] std::span<const TableColumn> columns() const noexcept { return columns_; }
     /// The text of a cell; `row` and `column` from 0. Valid until the rows are cleared.
     [[nodiscard]] std::u16string_view cell(std::size_t row, std::size_t column) const;
@@ -89,20 +93,27 @@ private:
     };
     static_assert(sizeof(Row) <= 16);
 
-    void discardRows();
+    /// What the rows consist of.
+    struct Rows {
+        std::vector<std::unique_ptr<Row[]>> blocks;
+        std::size_t count = 0;
+        std::vector<std::u16string> files;
+        std::vector<std::unique_ptr<char16_t[]>> arenas;
+        char16_t* arenaNext = nullptr;
+        std::size_t arenaLeft = 0; ///< code units
+    };
+
+    bool restoreRows();
 
     static constexpr std::size_t rowsPerBlock = std::size_t{1} << 16;
 
-    const Row& at(std::size_t row) const { return blocks_[row / rowsPerBlock][row % rowsPerBlock]; }
-    Row& at(std::size_t row) { return blocks_[row / rowsPerBlock][row % rowsPerBlock]; }
+    const Row& at(std::size_t row) const { return rows_.blocks[row / rowsPerBlock][row % rowsPerBlock]; }
+    Row& at(std::size_t row) { return rows_.blocks[row / rowsPerBlock][row % rowsPerBlock]; }
 
     std::span<const TableColumn> columns_;
-    std::vector<std::unique_ptr<Row[]>> blocks_;
-    std::size_t rowCount_ = 0;
-    std::vector<std::u16string> files_;
-    std::vector<std::unique_ptr<char16_t[]>> arenas_;
-    char16_t* arenaNext_ = nullptr;
-    std::size_t arenaLeft_ = 0; ///< code units
+    Rows rows_;
+    std::optional<Rows> cleared_; ///< by clearRows()
+    UndoList* undoList_;
     ResultsTableListener* listener_ = nullptr;
     bool announcesAppend_ = false;
 };

@@ -30,6 +30,8 @@ void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool 
         Order below;
         std::size_t kept = 0;
         for (const auto id : level) {
+            if (user.isStopRequested())
+                break;
             bool isReadable = true;
             guard([&] { isReadable = folders.examine(id, below, user); });
             if (isReadable)
@@ -50,6 +52,7 @@ void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool 
         guard([&] { folders.order_.insert(folders.order_.end(), level.begin(), level.end()); });
         level = std::move(below);
     }
+    folders.walkIsStopped_ = user.isStopRequested();
 }
 
 std::vector<std::u16string> GetFilesInFolder(std::u16string_view folder, std::u16string_view pattern) {
@@ -96,7 +99,7 @@ const std::vector<std::u16string>& FolderCollection::acceptedFiles(std::size_t p
         const FilesOfFolder files(folder.path);
         std::erase_if(folder.fileNames, [&](const std::u16string& name) {
             user.yield();
-            return !isAcceptedFile(files.status(name));
+            return isStopped(user) || !isAcceptedFile(files.status(name));
         });
         folder.filesAreChecked = true;
     }

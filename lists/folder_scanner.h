@@ -34,6 +34,12 @@ public:
     /// given them.
     void addStartFolder(std::u16string_view folder);
 
+    /// True when the user has asked to stop after the walk. A stop during the walk ends the walk alone: the
+    /// files of the folders found until then are still listed.
+    [[nodiscard]] bool isStopped(const UserInterface& user) const noexcept {
+        return user.isStopRequested() && !walkIsStopped_;
+    }
+
     [[nodiscard]] std::size_t size() const noexcept { return order_.size(); }
     /// The path of the folder at `position`, counted from 0.
     [[nodiscard]] const std::u16string& operator[](std::size_t position) const {
@@ -42,7 +48,8 @@ public:
 
     /// The names, without the folder, of the files to list from the folder at `position`, in the order of the
     /// listing. Valid as long as the collection. Fails with deviceIoError when the listing could not be
-    /// completed. Yields once per file whose status it reads.
+    /// completed. Yields once per file whose status it reads. When the user stops it, the other names of the
+    /// folder are dropped.
     [[nodiscard]] const std::vector<std::u16string>& acceptedFiles(std::size_t position, UserInterface& user);
 
 private:
@@ -72,13 +79,15 @@ private:
     std::unordered_map<std::u16string_view, FolderId> idOfPath_; ///< every folder in folders_
     Order order_;
     std::uint64_t fileNamesFound_ = 0;
+    bool walkIsStopped_ = false;
 };
 
 /// Walks the folders of the collection, breadth first: appends their accepted subfolders in order, then (with
 /// `recurse`) the subfolders of these, and so on. A second walk includes the folders that the first one
 /// appended, so their subfolders are appended again. Folders that are missing or deny access are removed from
 /// the collection without a report; links to folders are not followed. Yields once per folder and once per
-/// subfolder. Reports its own failures. Not recursive; linear in the resulting collection.
+/// subfolder. When the user stops it, the folders that were found are
+/// in the collection. Reports its own failures. Not recursive; linear in the resulting collection.
 void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse);
 
 /// "1 file", "1000 files".

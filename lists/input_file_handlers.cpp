@@ -26,7 +26,7 @@ std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderC
                                 TextList& inputFiles) {
     std::uint64_t added = 0;
     GetSubDirectories2016(user, folders, true);
-    for (std::size_t position = 0; position < folders.size(); ++position) {
+    for (std::size_t position = 0; position < folders.size() && !folders.isStopped(user); ++position) {
         guard([&] {
             for (const std::u16string& name : folders.acceptedFiles(position, user)) {
                 inputFiles.append(CollapseDoubledBackslashes(folders[position] + name));
@@ -61,7 +61,7 @@ void InputFileHandlers::PushButton5_Click() {
     std::u16string extension;
     guard([&] { extension = settings_.GetSetting(u"Extension", u"json"); });
     std::u16string answer;
-    guard([&] { answer = user_.askText(extensionPrompt, extension); });
+    guard([&] { answer = user_.askText(extensionPrompt, extension, ProposedAnswer::isReplaced); });
     if (answer.empty())
         return;
     guard([&] { settings_.SaveSetting(u"Extension", answer); });
@@ -117,6 +117,8 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
     std::optional<FolderCollection> folders;
     std::optional<BusyScope> busy; // from the first folder on
     for (const std::u16string& item : items) {
+        if (busy && user_.isStopRequested())
+            break;
         if (!IsFolder(item)) {
             guard([&] { inputFiles_.append(item); });
             ++added;

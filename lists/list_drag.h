@@ -12,7 +12,10 @@ class ListDrag {
 public:
     explicit ListDrag(TextList& list) noexcept : list_(list) {}
 
-    void ListView1_MouseDown() noexcept { dragging_ = true; }
+    void ListView1_MouseDown() noexcept {
+        list_.beginUndoStep();
+        dragging_ = true;
+    }
     void ListView1_MouseUp() noexcept { dragging_ = false; }
     [[nodiscard]] bool isDragging() const noexcept { return dragging_; }
 

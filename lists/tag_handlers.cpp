@@ -20,10 +20,10 @@ constexpr std::size_t maxRowCounter = 32767;
 } // namespace
 
 // "Add Tag"
-void TagHandlers::PushButton3_Click() {
+void TagHandlers::PushButton3_Click(std::u16string_view typed) {
     const Guard guard(user_, u"Form1.PushButton3_Click");
     std::u16string tag;
-    guard([&] { tag = user_.askText(u"Enter tag to add: ", u""); });
+    guard([&] { tag = user_.askText(u"Enter tag to add: ", typed, ProposedAnswer::isContinued); });
     if (!tag.empty())
         guard([&] { tags_.append(std::move(tag)); });
 }
@@ -53,6 +53,18 @@ void TagHandlers::PushButton8_Click(std::optional<std::size_t> selectedRow) {
 void TagHandlers::PushButton10_Click() {
     const Guard guard(user_, u"Form1.PushButton10_Click");
     guard([&] { tags_.clear(); });
+}
+
+void TagHandlers::ListView3_Paste(std::u16string_view text) {
+    const Guard guard(user_, u"Form1.ListView3_Paste");
+    guard([&] {
+        for (std::size_t start = 0; start < text.size();) {
+            const std::size_t end = std::min(text.find_first_of(u"\r\n", start), text.size());
+            if (end > start)
+                tags_.append(std::u16string(text.substr(start, end - start)));
+            start = end + 1;
+        }
+    });
 }
 
 void TagHandlers::ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow) {

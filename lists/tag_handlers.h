@@ -16,10 +16,13 @@ class TagHandlers {
 public:
     TagHandlers(UserInterface& user, TextList& tags) noexcept : user_(user), tags_(tags) {}
 
-    void PushButton3_Click();                                       ///< "Add Tag"
+    /// "Add Tag". `typed` is the beginning of the answer.
+    void PushButton3_Click(std::u16string_view typed = {});
     void PushButton4_Click();                                       ///< "Load Tags From Text File"
     void PushButton8_Click(std::optional<std::size_t> selectedRow); ///< "Delete Selected Tag"
     void PushButton10_Click();                                      ///< "Clear List"
+    /// Appends each line of the text that is not empty; lines end with CR LF, CR or LF.
+    void ListView3_Paste(std::u16string_view text);
     /// `deleteKeyCode` removes the selected row unless the user interface is busy.
     void ListView3_KeyDown(int keyCode, std::optional<std::size_t> selectedRow);
 

@@ -1,8 +1,9 @@
 // An ordered list of texts: the input file list, and the tag list.
 #pragma once
 
+#include "platform/undo_list.h"
+
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,8 +24,13 @@ public:
     virtual void rowWasAppended() = 0;
 };
 
+/// Every change is added to the undo list, if there is one. Appending any number of texts in one step is one
+/// change; removing texts copies none but that of a single row.
 class TextList {
 public:
+    /// The undo list must not undo changes of a list that has been destroyed or moved.
+    explicit TextList(UndoList* undoList = nullptr) noexcept : undoList_(undoList) {}
+
     [[nodiscard]] std::size_t size() const noexcept { return texts_.size(); }
     [[nodiscard]] bool empty() const noexcept { return texts_.empty(); }
     /// The text of a row, from 0.
@@ -35,19 +41,22 @@ public:
     auto end() const noexcept { return texts_.end(); }
 
     void append(std::u16string text) {
-        taken_.reset();
+        if (undoList_ != nullptr && appendStep_ != undoList_->step())
+            addAppendToUndoList();
         texts_.push_back(std::move(text));
         if (announcesAppend_) {
             announcesAppend_ = false;
             listener_->rowWasAppended();
         }
     }
+    /// What is changed from now on is undone as one step.
+    void beginUndoStep() noexcept {
+        if (undoList_ != nullptr)
+            undoList_->beginStep();
+    }
     /// Fails with subscriptOutOfRange for a row that does not exist; so does `exchange`.
     void removeAt(std::size_t row);
     void clear();
-    /// Undoes the last change if it removed texts: they return to their rows. False when it removed none. No
-    /// text is copied.
-    bool restoreTaken();
     /// Exchanges the texts of two rows.
     void exchange(std::size_t first, std::size_t second);
 
@@ -61,15 +70,16 @@ public:
     void announceNextAppend() noexcept { announcesAppend_ = listener_ != nullptr; }
 
 private:
-    struct Taken {
-        std::vector<std::u16string> texts;
-        std::size_t row;
-    };
+    template <class Undo>
+    void addToUndoList(Undo undo);
+    void addAppendToUndoList();
+    void swapRows(std::size_t first, std::size_t second);
 
     std::vector<std::u16string> texts_;
-    std::optional<Taken> taken_; ///< what the last change removed
     TextListListener* listener_ = nullptr;
     bool announcesAppend_ = false;
+    UndoList* undoList_;
+    UndoList::StepNumber appendStep_ = 0; ///< in which the last change was an append; 0 for none
 };
 
 /// True when a row has exactly the given text, letter case included.

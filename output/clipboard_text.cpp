@@ -38,6 +38,8 @@ std::size_t textLength(UserInterface& user, const ListviewTable& table,
         if (length > maxTextLength)
             throw Failure(FailureNumber::outOfMemory);
         user.yield();
+        if (user.isStopRequested())
+            return 0;
     }
     return length;
 }
@@ -66,7 +68,7 @@ ClipboardText clipboardText(UserInterface& user, const ListviewTable& table) {
     const std::vector<std::size_t> widths = paddedWidths(user, table);
     ExportProgress progress(user, u"Copying rows");
     copy.text.reserve(textLength(user, table, widths));
-    for (std::size_t row = 0; row < table.rowCount(); ++row) {
+    for (std::size_t row = 0; row < table.rowCount() && !user.isStopRequested(); ++row) {
         if (table.isChecked(row)) {
             appendLine(copy.text, table, row, widths);
             ++copy.rows;
@@ -81,6 +83,8 @@ std::size_t CopyListviewToClipboard(UserInterface& user, const ListviewTable& ta
     if (table.rowCount() == 0)
         return 0;
     const ClipboardText copy = clipboardText(user, table);
+    if (user.isStopRequested())
+        return 0;
     user.setClipboardText(copy.text);
     return copy.rows;
 }

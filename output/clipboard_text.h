@@ -20,11 +20,12 @@ struct ClipboardText {
 /// cell loses the blanks at its end; the tab before it stays even when the cell is empty.
 ///
 /// Fails with outOfMemory, before anything is built, when the text would be longer than `maxTextLength`.
-/// Yields once per row in each of its passes. Linear in the text; the text is allocated once.
+/// Yields once per row in each of its passes. When the user stops it, the text is unfinished. Linear in the
+/// text; the text is allocated once.
 [[nodiscard]] ClipboardText clipboardText(UserInterface& user, const ListviewTable& table);
 
-/// Puts the text on the clipboard and returns the number of rows in it. A table without rows leaves the
-/// clipboard as it is. Fails as `clipboardText` and `UserInterface::setClipboardText` do.
+/// Puts the text on the clipboard and returns the number of rows in it. A table without rows, and a stop by
+/// the user, leave the clipboard as it is. Fails as `clipboardText` and `UserInterface::setClipboardText` do.
 std::size_t CopyListviewToClipboard(UserInterface& user, const ListviewTable& table);
 
 /// Rows from `first` to `last`, both included.

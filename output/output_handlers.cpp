@@ -38,6 +38,10 @@ void OutputHandlers::PushButton11_Click() {
     std::size_t rows = 0;
     BusyScope busy(user_, guard);
     const bool isCopied = guard([&] { rows = CopyListviewToClipboard(user_, ResultsListview(table_)); });
+    if (user_.isStopRequested()) {
+        busy.end([] { return u"nothing was copied"; });
+        return;
+    }
     busy.end(
         [&]() -> std::u16string { return isCopied ? rowsDone(rows, u"copied") : u"Nothing was copied"; });
     guard([&] { user_.showMessage(copiedMessage); });

@@ -3,6 +3,7 @@
 #include "platform/busy_scope.h"
 #include "platform/error_report.h"
 #include "platform/files.h"
+#include "platform/text.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,7 +15,8 @@ void RowFormat::measure(UserInterface&, const ListviewTable&) {}
 
 bool mayWriteTo(UserInterface& user, std::u16string_view path) {
     return !FileExists(path) ||
-           user.askYesNo(std::u16string(u"Are you sure you wish to overwrite ").append(path).append(u" ?"));
+           user.askYesNo(std::u16string(u"Are you sure you wish to overwrite ").append(path).append(u" ?"),
+                         YesNo::no);
 }
 
 void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_view path,
@@ -45,6 +47,10 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
     step([&] { progress.begin(); });
     step([&] { format.measure(user, table); });
 
+    if (user.isStopRequested()) {
+        busy.end([] { return u"no file was written"; });
+        return;
+    }
     std::optional<TextFileWriter> file;
     step([&] { file.emplace(path); });
     step([&] {
@@ -54,7 +60,7 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
 
     const std::size_t rows = table.rowCount();
     std::size_t written = 0;
-    for (std::size_t row = 0; row < rows; ++row) {
+    for (std::size_t row = 0; row < rows && !user.isStopRequested(); ++row) {
         bool isIncluded = false;
         step([&] {
             user.yield();
@@ -81,7 +87,10 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
             file->close();
     });
     busy.end([&]() -> std::u16string {
-        return hasFailed ? u"Not all rows were written" : rowsDone(written, u"written");
+        if (hasFailed)
+            return u"Not all rows were written";
+        return user.isStopRequested() ? decimalText(written) + u" of " + rowsDone(rows, u"written")
+                                      : rowsDone(written, u"written");
     });
 }
 

@@ -40,6 +40,8 @@ public:
 /// after every line. The user interface is busy meanwhile; at the end the status bar shows how many rows were
 /// written.
 ///
+/// When the user stops it, the row at hand is the last; before the first row, no file is created.
+///
 /// Reports its own failures and goes on, so that what was written stays; a file that cannot be written gives
 /// one report. `indicator` may be null. Yields once per row, and as often as the format's `measure`. Time is
 /// linear in the table and the bytes written, memory constant.

@@ -6,6 +6,7 @@
 #include "platform/user_interface.h"
 
 #include <cstdint>
+#include <string>
 #include <utility>
 
 namespace brindlewick {
@@ -32,13 +33,18 @@ public:
     BusyScope(const BusyScope&) = delete;
     BusyScope& operator=(const BusyScope&) = delete;
 
-    /// Ends the operation, then ends the display of progress with the text that `summary` returns. To be
-    /// called at most once.
+    /// Ends the operation, then ends the display of progress with the text that `summary` returns, after
+    /// "Stopped: " if the user has stopped the operation. To be called at most once.
     template <class Summary>
     void end(Summary&& summary, std::uint_least32_t line = __builtin_LINE()) {
         line_ = line;
         leave();
-        guard_([&] { user_.endProgress(std::forward<Summary>(summary)()); }, line);
+        guard_(
+            [&] {
+                std::u16string text = user_.isStopRequested() ? u"Stopped: " : u"";
+                user_.endProgress(text += std::forward<Summary>(summary)());
+            },
+            line);
     }
 
 private:

@@ -26,7 +26,7 @@ void ReportApplicationError(UserInterface& user, std::u16string_view location,
 /// line; the routine then goes on with its next step.
 ///
 ///     Guard guard(user, u"Form1.PushButton3_Click");
-///     guard([&] { answer = user.askText(prompt, u""); });
+///     guard([&] { answer = user.askText(prompt, u"", ProposedAnswer::isReplaced); });
 ///     guard([&] { tags.append(answer); });
 class Guard {
 public:

@@ -25,6 +25,14 @@ struct FileDialog {
     std::u16string_view filter;
 };
 
+enum class YesNo { yes, no };
+
+/// What typing does to the proposed answer of an input box.
+enum class ProposedAnswer {
+    isReplaced,  ///< it is selected
+    isContinued, ///< the cursor is after it
+};
+
 class UserInterface {
 public:
     virtual ~UserInterface() = default;
@@ -33,11 +41,11 @@ public:
     virtual void showMessage(std::u16string_view text) = 0;
     /// Shows a message box with OK and the warning icon, titled "Application Error".
     virtual void showApplicationError(std::u16string_view text) = 0;
-    /// Shows a message box with Yes and No; true for Yes alone.
-    [[nodiscard]] virtual bool askYesNo(std::u16string_view text) = 0;
+    /// Shows a message box with Yes and No; true for Yes alone. The Enter key gives the default answer.
+    [[nodiscard]] virtual bool askYesNo(std::u16string_view text, YesNo defaultAnswer) = 0;
     /// Shows an input box; returns the empty text if it is cancelled.
-    [[nodiscard]] virtual std::u16string askText(std::u16string_view prompt,
-                                                 std::u16string_view proposedAnswer) = 0;
+    [[nodiscard]] virtual std::u16string
+    askText(std::u16string_view prompt, std::u16string_view proposedAnswer, ProposedAnswer whenTyping) = 0;
 
     /// Lets the user choose existing files. Returns the empty text if cancelled, the full path of one file,
     /// or for several files the folder and each name, separated by NULs.

@@ -88,6 +88,8 @@ void ScriptedPerson::answer(QDialog& dialog) {
         for (const QAbstractButton* button : box->buttons())
             captions += button->text().remove(u'&');
     note(dialog, captions);
+    if (beforeAnswer)
+        beforeAnswer(dialog);
     if (captions == QStringList{"OK"}) {
         QTest::keyClick(&dialog, Qt::Key_Enter);
         return;
@@ -97,8 +99,11 @@ void ScriptedPerson::answer(QDialog& dialog) {
         ADD_FAILURE() << "nobody answers " << shown_.back();
     else
         answer = answers.front(), answers.pop_front();
-    if (answer == "Escape") {
-        QTest::keyClick(&dialog, Qt::Key_Escape);
+    if (answer == "Escape" || answer == "Enter") {
+        QTest::keyClick(&dialog, answer == "Escape" ? Qt::Key_Escape : Qt::Key_Enter);
+    } else if (answer.startsWith('+')) {
+        QTest::keyClicks(dialog.focusWidget(), answer.mid(1));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Enter);
     } else if (auto* const field = dialog.findChild<QLineEdit*>()) {
         auto* const browser = qobject_cast<QFileDialog*>(&dialog);
         const QFileInfo target(answer);

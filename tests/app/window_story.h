@@ -45,8 +45,11 @@ public:
     ~ScriptedPerson() override;
 
     /// What is typed into dialogs or pressed in questions, in this order: a text, a path, "Yes" or "No";
-    /// "Escape" presses that key. Boxes with OK alone take no answer.
+    /// "Escape" and "Enter" press these keys. A text after "+" is typed after the proposed answer. Boxes with
+    /// OK alone take no answer.
     std::deque<QString> answers;
+    /// Is called with each dialog, if it is set.
+    std::function<void(QDialog&)> beforeAnswer;
     /// What the dialogs showed since the last call: "Title: text [Buttons]", with "(!)" after the title for
     /// the warning icon, the proposed answer after "=", the kinds of files, and N for a line number.
     [[nodiscard]] Texts shown() { return std::exchange(shown_, {}); }

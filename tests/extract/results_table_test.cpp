@@ -51,5 +51,28 @@ TEST(ResultsTable, KeepsEveryTextAcrossItsBlocks) {
     EXPECT_EQ(table.columns().size(), 2U);
 }
 
+TEST(ResultsTable, GivesClearedRowsBackUntilTheNextRun) {
+    UndoList undoList;
+    ResultsTable table(&undoList);
+    const auto fill = [&] {
+        table.clearAll();
+        table.setColumns(false);
+        table.beginFile(u"f");
+        table.appendRow(table.store(u"a"), false);
+        table.setChecked(0, false);
+        table.clearRows();
+        table.clearRows(); // changes nothing
+    };
+    fill();
+    EXPECT_TRUE(undoList.undoStep());
+    ASSERT_EQ(table.rowCount(), 1U);
+    EXPECT_EQ(table.cell(0, 0), u"a");
+    EXPECT_FALSE(table.isChecked(0));
+    fill();
+    table.clearAll();
+    EXPECT_FALSE(undoList.undoStep());
+    EXPECT_EQ(table.rowCount(), 0U);
+}
+
 } // namespace
 } // namespace brindlewick

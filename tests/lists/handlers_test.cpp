@@ -9,6 +9,8 @@
 #include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
+#include <functional>
+
 namespace brindlewick::testing {
 namespace {
 
@@ -190,22 +192,71 @@ ask: Enter tag to add:  [] ->  a
 |</name>| a | a |)");
 }
 
-TEST_F(Lists, TakeBackTheLastRemoval) {
-    TextList list = listOf({u"a", u"b", u"c"});
-    EXPECT_EQ(failureOf([&] { list.exchange(0, 3); }), FailureNumber::subscriptOutOfRange);
-    list.removeAt(1);
-    EXPECT_TRUE(list.restoreTaken());
-    EXPECT_FALSE(list.restoreTaken()); // once
-    list.clear();
-    list.clear(); // removes nothing, so changes nothing
-    EXPECT_TRUE(list.restoreTaken());
-    EXPECT_EQ(outcome(list), "|a|b|c|");
-    list.removeAt(0);
-    list.append(u"d");
-    EXPECT_FALSE(list.restoreTaken());
-    list.removeAt(0);
-    list.exchange(0, 1);
-    EXPECT_FALSE(list.restoreTaken());
+TEST_F(Lists, KeepWhatAScanHasFoundWhenItIsStopped) {
+    for (const char* name : {"a", "b/c", "d/e", "d/f"})
+        folder.write(name, "");
+    user.requestStop(); // while there is nothing to stop
+    const std::string all = "|~/a|~/b/c|~/d/e|~/d/f|~/last|";
+    std::string found;
+    for (std::size_t stopAt = 1; found != all; ++stopAt) {
+        user.whenYielding = [&, yields = 0U]() mutable {
+            if (++yields == stopAt)
+                user.requestStop();
+        };
+        files.clear();
+        fileHandlers.ListView1_OLEDragDrop({folder.text(), folder.text("last")});
+        const std::string transcript = user.takeTranscript();
+        found = outcome(files);
+        EXPECT_TRUE(all.starts_with(found)) << found;
+        EXPECT_EQ(transcript.find("summary: Stopped: ") != std::string::npos, found != all);
+        if (stopAt == 1) {
+            EXPECT_EQ(found, "|~/a|");
+            EXPECT_TRUE(transcript.ends_with("summary: Stopped: 1 file added\n"));
+        }
+        ASSERT_LT(stopAt, 50U);
+    }
+}
+
+TEST(Undo, GoesBackStepByStepThroughBothLists) {
+    ScriptedUser user;
+    UndoList undoList;
+    TextList files(&undoList);
+    TextList tags(&undoList);
+    EXPECT_EQ(failureOf([&] { files.exchange(0, 0); }), FailureNumber::subscriptOutOfRange);
+    const auto add = [](TextList& list, const Texts& texts) {
+        for (const std::u16string& text : texts)
+            list.append(text);
+    };
+    const std::function<void()> steps[] = {
+        [&] {
+            add(files, {u"a", u"b"}), add(tags, {u"x"}), add(files, {u"c"});
+        },
+        [&] { TagHandlers(user, tags).ListView3_Paste(u"y\r\n\r\n z\rw"); },
+        [&] { files.removeAt(1); },
+        [&] { tags.clear(), add(tags, {u"v"}); },
+        [&] { files.exchange(0, 1), add(files, {u"d"}), files.exchange(1, 2); },
+        [&] { files.clear(); },
+        [&] { tags.clear(), files.clear(); }, // one of them is empty
+    };
+    std::vector<std::pair<Texts, Texts>> before;
+    for (const auto& step : steps) {
+        before.emplace_back(files.texts(), tags.texts());
+        undoList.beginStep();
+        step();
+    }
+    EXPECT_EQ(before[2].second, (Texts{u"x", u"y", u" z", u"w"}));
+    for (; !before.empty(); before.pop_back()) {
+        EXPECT_TRUE(undoList.undoStep());
+        EXPECT_EQ(std::pair(files.texts(), tags.texts()), before.back());
+    }
+    EXPECT_FALSE(undoList.undoStep());
+    for (int step = 0; step < 60; ++step) {
+        undoList.beginStep();
+        add(tags, {u"a"});
+    }
+    while (undoList.undoStep())
+        continue;
+    EXPECT_EQ(tags.size(), 10U);
 }
 
 TEST_F(Lists, ExchangeADraggedTextAndScroll) {

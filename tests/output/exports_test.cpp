@@ -225,6 +225,30 @@ TEST_F(Exports, MayLoseTheirRowsWhileEventsAreHandled) {
     EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\nsummary: 1 row written\n");
 }
 
+TEST_F(Exports, EndWhereTheyAreStopped) {
+    table.setChecked(1, true);
+    const auto stopAt = [&](std::size_t yield) {
+        user.whenYielding = [&, left = yield]() mutable {
+            if (--left == 0)
+                user.requestStop();
+        };
+    };
+    const std::string end = "pointer: hourglass\npointer: standard\nsummary: Stopped: ";
+    stopAt(4); // two columns of two rows are measured first
+    SaveListviewProperlySpaced(user, view, out, nullptr);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "out.txt"));
+    EXPECT_EQ(user.takeTranscript(), end + "no file was written\n");
+    stopAt(5);
+    SaveListviewProperlySpaced(user, view, out, nullptr);
+    EXPECT_EQ(folder.read("out.txt"), "Filename\tResults  \t\r\na.json  \tx        \t\r\n");
+    EXPECT_EQ(user.takeTranscript(), end + "1 of 2 rows written\n");
+    for (std::size_t yield = 1; yield <= 6; ++yield) { // of one measured column and two more passes
+        stopAt(yield);
+        handlers.PushButton11_Click();
+        EXPECT_EQ(user.takeTranscript(), end + "nothing was copied\n");
+    }
+}
+
 TEST_F(Exports, MoveTheirIndicator) {
     struct Indicator : ProgressIndicator {
         explicit Indicator(ScriptedUser& theUser) : user(theUser) {}

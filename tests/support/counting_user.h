@@ -19,8 +19,8 @@ public:
         ++reports;
         reportsOfMemory += text.starts_with(u"Out of memory") ? 1 : 0;
     }
-    bool askYesNo(std::u16string_view) override { return true; }
-    std::u16string askText(std::u16string_view, std::u16string_view) override { return {}; }
+    bool askYesNo(std::u16string_view, YesNo) override { return true; }
+    std::u16string askText(std::u16string_view, std::u16string_view, ProposedAnswer) override { return {}; }
     std::u16string chooseFilesToOpen(const FileDialog&) override { return {}; }
     std::u16string chooseFileToSave(const FileDialog&) override { return {}; }
     std::u16string browseForFolder(std::u16string_view, std::u16string_view) override { return {}; }

@@ -43,11 +43,12 @@ public:
 
     void showMessage(std::u16string_view text) override { messages.emplace_back(text); }
     void showApplicationError(std::u16string_view text) override { errors.emplace_back(text); }
-    bool askYesNo(std::u16string_view text) override {
+    bool askYesNo(std::u16string_view text, YesNo) override {
         questions.emplace_back(text);
         return next(yesNoAnswers);
     }
-    std::u16string askText(std::u16string_view prompt, std::u16string_view proposedAnswer) override {
+    std::u16string askText(std::u16string_view prompt, std::u16string_view proposedAnswer,
+                           ProposedAnswer) override {
         prompts.emplace_back(prompt);
         proposedAnswers.emplace_back(proposedAnswer);
         return next(textAnswers);

@@ -56,12 +56,13 @@ public:
                 line.replace(at, part.size(), part == u"\r\n" ? u" " : u"");
         add("report: ", line);
     }
-    bool askYesNo(std::u16string_view text) override {
+    bool askYesNo(std::u16string_view text, YesNo) override {
         const std::u16string answer = answerTo("question: ", text);
         EXPECT_TRUE(answer == u"Yes" || answer == u"No");
         return answer == u"Yes";
     }
-    std::u16string askText(std::u16string_view prompt, std::u16string_view proposed) override {
+    std::u16string askText(std::u16string_view prompt, std::u16string_view proposed,
+                           ProposedAnswer) override {
         return answerTo("ask: ", prompt, proposed);
     }
     std::u16string chooseFilesToOpen(const FileDialog& dialog) override {
