@@ -55,13 +55,5 @@ TEST(Scan, LeavesOutAFolderRemovedMeanwhile) {
     EXPECT_EQ(tree.scan({"."}), (Names{"a/1", "d/4"}));
 }
 
-TEST(GetFilesInFolder, ListsExistingFilesThatMatch) {
-    const Tree tree(names("b.json A.json ~c.json .d.json e.txt sub.json/f.json"));
-    const std::vector<std::u16string> expected{u".d.json", u"A.json", u"b.json", u"~c.json"};
-    EXPECT_EQ(GetFilesInFolder(tree.folder.text(), u"*.json"), expected);
-    for (const char* noFolder : {"none", "e.txt"})
-        EXPECT_TRUE(GetFilesInFolder(tree.folder.text(noFolder), u"*.*").empty());
-}
-
 } // namespace
 } // namespace brindlewick::testing

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -50,11 +51,11 @@ public:
 
     void showMessage(std::u16string_view text) override { add("message: ", text); }
     void showApplicationError(std::u16string_view text) override {
-        std::u16string line(text.substr(0, text.find(u" at line ")));
-        for (const std::u16string_view part : {u"\r\n", u"Corvane2021/08/31."})
+        std::string line = "report: " + shown(std::u16string(text.substr(0, text.find(u" at line "))));
+        for (const auto& [part, shorter] : {std::pair("\\r\\n", " "), std::pair("Corvane2021/08/31.", "")})
             if (const std::size_t at = line.find(part); at != line.npos)
-                line.replace(at, part.size(), part == u"\r\n" ? u" " : u"");
-        add("report: ", line);
+                line.replace(at, std::strlen(part), shorter);
+        note(line);
     }
     bool askYesNo(std::u16string_view text, YesNo) override {
         const std::u16string answer = answerTo("question: ", text);

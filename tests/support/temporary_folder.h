@@ -1,13 +1,11 @@
 // A folder of a test's own, gone with the test.
 #pragma once
 
+#include "platform/native_path.h"
+
 #ifdef _WIN32
 #include "support/folder_tools_windows.h"
-#else
-#include "support/folder_tools_posix.h"
 #endif
-
-#include "platform/native_path.h"
 
 #include <atomic>
 #include <filesystem>
@@ -18,6 +16,20 @@
 #include <string_view>
 
 namespace brindlewick::testing {
+
+#ifndef _WIN32
+inline const std::filesystem::path& openable(const std::filesystem::path& path) {
+    return path;
+}
+inline void makeFolders(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+}
+inline void hideDotName(const std::filesystem::path&) {}
+inline void removeTree(const std::filesystem::path& folder) {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+}
+#endif
 
 class TemporaryFolder {
 public:
