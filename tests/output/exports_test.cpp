@@ -191,14 +191,19 @@ TEST_F(Exports, ToAFullDiskAreReportedOnce) {
 }
 
 TEST_F(Exports, MayLoseTheirRowsWhileEventsAreHandled) {
-    std::size_t yields = 0;
+    std::size_t yieldsLeft = 2; // before the second row
     user.whenYielding = [&] {
-        if (++yields == 6) // two columns of two rows are measured first
+        if (--yieldsLeft == 0)
             table.clearRows();
     };
+    SaveListviewAsCommaDelimToFile(user, view, out, nullptr);
+    EXPECT_EQ(folder.read("out.txt"), "Filename,Results,\r\na.json,x\r\n");
+    add({u"x", u"y"});
+    yieldsLeft = 6; // two columns of two rows are measured first
     SaveListviewProperlySpaced(user, view, out, nullptr);
-    EXPECT_EQ(folder.read("out.txt"), "Filename\tResults  \t\r\na.json  \tx        \t\r\n");
-    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\nsummary: 1 row written\n");
+    EXPECT_EQ(folder.read("out.txt"), "Filename\tResults\t\r\na.json  \tx      \t\r\n");
+    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\nsummary: 1 row written\n"
+                                     "pointer: hourglass\npointer: standard\nsummary: 1 row written\n");
 }
 
 TEST_F(Exports, EndWhereTheyAreStopped) {
