@@ -178,7 +178,7 @@ TEST_F(RefusedMemory, EndsAScanAListFileAndALookAtAFile) {
     bool isMissed = false; // a file that exists, without a report
     refuseEveryAllocation(
         [&] {
-            files.clear();
+            guard([&] { files.clear(); });
             handlers.ListView1_OLEDragDrop(dropped);
             guard([&] { ReadListFile(user, list, files); });
             bool exists = false;

@@ -2,7 +2,7 @@
 #include "fuzz/fuzz_driver.h"
 #include "lists/list_file.h"
 #include "platform/text_encoding.h"
-#include "support/fake_user.h"
+#include "support/counting_user.h"
 #include "support/temporary_folder.h"
 
 #include <algorithm>
@@ -52,10 +52,10 @@ std::string makeInput(Random& random) {
 
 void runOn(std::string_view input) {
     static const testing::TemporaryFolder folder;
-    testing::FakeUser user;
+    testing::CountingUser user;
     TextList list;
     ReadListFile(user, folder.write("list.txt", input), list);
-    check(user.messages.empty() && user.errors.empty(), "nothing is reported");
+    check(user.messages + user.reports == 0, "nothing is reported");
     check(list.texts() == entriesOf(input), "the entries are those of the lines");
 }
 
