@@ -132,18 +132,29 @@ void ResultsTable::appendRow(Text text, bool withFilename) {
 }
 
 std::u16string_view ResultsTable::cell(std::size_t row, std::size_t column) const {
-    const Row& stored = at(row);
     // The columns as they were when the row was appended; the table's may differ.
-    const std::span<const TableColumn> columns = columnsFor(stored.withFilename != 0);
+    const std::span<const TableColumn> columns = columnsFor(at(row).withFilename != 0);
     if (column >= columns.size())
         return {};
     switch (columns[column].content) {
     case Content::filename:
-        return rows_.files[stored.file];
+        return filePath(row);
     case Content::result:
-        return {stored.units, stored.length};
+        return text(row);
     }
     return {};
+}
+
+std::u16string_view ResultsTable::text(std::size_t row) const {
+    return {at(row).units, at(row).length};
+}
+
+std::u16string_view ResultsTable::filePath(std::size_t row) const {
+    return rows_.files[at(row).file];
+}
+
+std::size_t ResultsTable::fileNumber(std::size_t row) const {
+    return at(row).file;
 }
 
 bool ResultsTable::isChecked(std::size_t row) const {

@@ -71,6 +71,12 @@ public:
     [[nodiscard]] std::span<const TableColumn> columns() const noexcept { return columns_; }
     /// The text of a cell; `row` and `column` from 0. Valid until the rows are cleared.
     [[nodiscard]] std::u16string_view cell(std::size_t row, std::size_t column) const;
+    /// The whole text of a row, and the path of its file. Valid as for `cell`, the path until the next
+    /// beginFile.
+    [[nodiscard]] std::u16string_view text(std::size_t row) const;
+    [[nodiscard]] std::u16string_view filePath(std::size_t row) const;
+    /// Rows have the same number if they come from the same file.
+    [[nodiscard]] std::size_t fileNumber(std::size_t row) const;
     [[nodiscard]] bool isChecked(std::size_t row) const;
     void setChecked(std::size_t row, bool checked);
 
