@@ -191,6 +191,17 @@ void Controls::layOut(QWidget& window) {
     setTabOrder();
 }
 
+void Controls::addBelowResults(QWidget& bar) const {
+    auto* const grid = qobject_cast<QGridLayout*>(ListView2->parentWidget()->layout());
+    grid->addWidget(&bar, 2, 0);
+    QWidget* before = ListView2;
+    for (QWidget* control : bar.findChildren<QWidget*>())
+        if (control->focusPolicy() != Qt::NoFocus) {
+            QWidget::setTabOrder(before, control);
+            before = control;
+        }
+}
+
 void Controls::setTabOrder() {
     std::vector<QWidget*> order = {ListView1,    PushButton1,  PushButton5, PushButton16,
                                    PushButton13, PushButton14, ListView3,   PushButton3,

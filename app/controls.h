@@ -54,6 +54,8 @@ struct Controls {
     /// its buttons on its right and its options below, then "Start Extracting", the results and their
     /// buttons. Dividers change the sizes of these areas. Sets the tab order.
     void layOut(QWidget& window);
+    /// Puts the bar, which may be hidden, below the results, also in the tab order. Called after `layOut`.
+    void addBelowResults(QWidget& bar) const;
 
 private:
     void nameForAssistiveTools();

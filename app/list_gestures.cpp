@@ -67,6 +67,10 @@ ListGestures::ListGestures(Subjects subjects) : s_(std::move(subjects)) {
 }
 
 bool ListGestures::eventFilter(QObject* watched, QEvent* event) {
+    // When the window is destroyed, other events come after some of the lists are gone.
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ContextMenu &&
+        event->type() != QEvent::MouseButtonDblClick)
+        return false;
     const Controls& c = s_.controls;
     if (event->type() == QEvent::KeyPress && qobject_cast<QAbstractButton*>(watched)) {
         if (!isEnter(*static_cast<QKeyEvent*>(event)))
@@ -181,6 +185,8 @@ void ListGestures::fillResultsMenu(QMenu& menu) {
     const bool hasSelection = s_.controls.ListView2->selectionModel()->hasSelection();
     const bool hasRows = s_.results.rowCount() > 0;
     const auto tickAll = [this](bool ticked) { s_.results.setChecked(0, s_.results.rowCount() - 1, ticked); };
+    addItem(menu, "Show Whole Text\tReturn", hasSelection,
+            [this] { s_.controls.ListView2->showWholeText(); });
     addItem(menu, "Copy\tCtrl+C", hasSelection, s_.copySelectedRows);
     menu.addSeparator();
     addItem(menu, "Tick All", hasRows, [tickAll] { tickAll(true); });

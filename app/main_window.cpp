@@ -1,6 +1,8 @@
 #include "app/main_window.h"
 
 #include "app/file_drop.h"
+#include "app/find_bar.h"
+#include "app/row_viewer.h"
 #include "output/clipboard_text.h"
 #include "platform/error_report.h"
 
@@ -39,6 +41,7 @@ Form1::Form1(std::u16string programFolder, std::function<void()> endProcess)
     connectOptions();
     connectLists();
     addShortcuts();
+    addFinding();
     user_.setBeforeDispatch([this] { catchUp(); });
     hover_ = std::make_unique<HoverPointer>(*this, user_);
 }
@@ -118,6 +121,24 @@ void Form1::addShortcuts() {
             [this] { gestures_.start([this] { undoList_.undoStep(); }); });
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
             [this] { close(); });
+}
+
+void Form1::addFinding() {
+    auto* const bar = new FindBar(results_, resultsModel_, *controls_.ListView2, user_);
+    controls_.addBelowResults(*bar);
+    const auto onKeys = [this, bar](const QKeySequence& keys, void (FindBar::*action)()) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, bar, action);
+    };
+    onKeys(QKeySequence::Find, &FindBar::open);
+    onKeys(Qt::Key_F3, &FindBar::findNext);
+    onKeys(Qt::SHIFT | Qt::Key_F3, &FindBar::findPrevious);
+
+    auto* const viewer = new RowViewer(*this, results_);
+    connect(&resultsModel_, &QAbstractItemModel::modelAboutToBeReset, viewer, &RowViewer::forgetRow);
+    controls_.ListView2->setShowTextHandler([this, viewer](std::size_t row) {
+        const Guard guard(user_, u"Form1.ListView2_DblClick");
+        guard([&] { viewer->showRow(row); });
+    });
 }
 
 void Form1::onClick(QPushButton* button, std::function<void()> handler) {

@@ -57,6 +57,7 @@ private:
     void onShortcut(const QKeySequence& keys, QPushButton* button);
     static void nameKey(const QKeySequence& keys, QPushButton* button);
     void keepTabStop();
+    void addFinding();
     void copySelectedRows();
     void restoreMode();
     void catchUp();

@@ -44,11 +44,15 @@ void ResultsModel::setChecked(int first, int last, bool checked) {
     emit dataChanged(index(first, 0), index(last, 0), {Qt::CheckStateRole});
 }
 
-void ResultsModel::invertChecked() {
-    for (int row = 0; row < shown_; ++row)
-        table_.setChecked(static_cast<std::size_t>(row), !table_.isChecked(static_cast<std::size_t>(row)));
+void ResultsModel::setEachChecked(const std::function<bool(std::size_t)>& isChecked) {
+    for (std::size_t row = 0; row < table_.rowCount(); ++row)
+        table_.setChecked(row, isChecked(row));
     if (shown_ > 0)
         emit dataChanged(index(0, 0), index(shown_ - 1, 0), {Qt::CheckStateRole});
+}
+
+void ResultsModel::invertChecked() {
+    setEachChecked([this](std::size_t row) { return !table_.isChecked(row); });
 }
 
 int ResultsModel::rowCount(const QModelIndex& parent) const {

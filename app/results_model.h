@@ -4,6 +4,8 @@
 #include "extract/results_table.h"
 
 #include <QAbstractTableModel>
+#include <cstddef>
+#include <functional>
 
 namespace brindlewick {
 
@@ -18,7 +20,8 @@ public:
     void catchUp();
     /// Ticks or unticks the rows from `first` to `last`, both included.
     void setChecked(int first, int last, bool checked);
-
+    /// Ticks the rows for which the function returns true, and unticks all others.
+    void setEachChecked(const std::function<bool(std::size_t)>& isChecked);
     void invertChecked();
 
     int rowCount(const QModelIndex& parent = {}) const override;

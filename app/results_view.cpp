@@ -2,6 +2,8 @@
 
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
 #include <algorithm>
 
 namespace brindlewick {
@@ -30,8 +32,35 @@ void ResultsView::keyPressEvent(QKeyEvent* event) {
         toggleSelected();
     else if (event->matches(QKeySequence::Copy) && copyHandler_)
         copyHandler_();
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+             (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
+        showWholeText();
     else
         RowsView::keyPressEvent(event);
+}
+
+/// Two fast clicks on a check box only tick and untick it.
+void ResultsView::mouseDoubleClickEvent(QMouseEvent* event) {
+    RowsView::mouseDoubleClickEvent(event);
+    const QPoint position = event->position().toPoint();
+    const QModelIndex index = indexAt(position);
+    if (event->button() == Qt::LeftButton && index.isValid() && !checkBoxOf(index).contains(position))
+        showWholeText();
+}
+
+void ResultsView::showWholeText() {
+    if (const QModelIndex current = currentIndex(); current.isValid() && showTextHandler_)
+        showTextHandler_(static_cast<std::size_t>(current.row()));
+}
+
+QRect ResultsView::checkBoxOf(const QModelIndex& index) const {
+    if (index.column() != 0)
+        return {};
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
 }
 
 /// Ticks all selected rows if the current row is not ticked, else unticks them. After Tab the current row may
