@@ -1,6 +1,10 @@
-// The loop of a fuzz driver: fuzz_NAME [SECONDS [SEED [FOLDER]]]. The files of the folder come first; then
-// the same seed always gives the same inputs.
+// fuzz_driver SUBJECT SECONDS SEED FOLDER: checks the subject on each file of the folder, then on inputs made
+// from them. The same seed gives the same inputs.
+//
+// As a libFuzzer target, the driver takes the subject from the environment variable BRINDLEWICK_FUZZ.
 #include "fuzz/fuzz_driver.h"
+
+#include "fuzz/input_generator.h"
 
 #include <chrono>
 #include <cstdint>
@@ -8,42 +12,42 @@
 #include <cstdlib>
 #include <ctime>
 #include <exception>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <map>
 
 namespace brindlewick::fuzz {
 
 namespace {
 
-using namespace std::string_view_literals;
+using CheckInput = void (*)(std::string_view);
+
+std::map<std::string, CheckInput, std::less<>>& subjects() {
+    static std::map<std::string, CheckInput, std::less<>> all;
+    return all;
+}
+
+/// Ends the program when there is no such subject.
+CheckInput subjectOf(const char* name) {
+    const auto found = subjects().find(name == nullptr ? "" : name);
+    if (found != subjects().end())
+        return found->second;
+    std::fprintf(stderr, "the subjects are:\n");
+    for (const auto& subject : subjects())
+        std::fprintf(stderr, "  %s\n", subject.first.c_str());
+    std::exit(2);
+}
 
 std::string_view inputAtHand;
 
-/// As a C string literal, so that it can be pasted into a test.
-void printInput(std::string_view input) {
-    constexpr std::size_t shown = 2000;
-    std::fprintf(stderr, "%zu bytes of input: \"", input.size());
-    for (const char byte : input.substr(0, shown)) {
-        const auto value = static_cast<unsigned char>(byte);
-        if (value >= 32 && value < 127 && byte != '"' && byte != '\\')
-            std::fputc(byte, stderr);
-        else
-            std::fprintf(stderr, "\\%03o", unsigned{value});
-    }
-    std::fprintf(stderr, input.size() > shown ? "\" and more\n" : "\"\n");
-}
-
-/// The processor's time, not the clock's: other programs do not count. A hundred times what any input needs,
-/// also under the sanitizers, and far below what 200,000 bytes take once the time grows with their square.
+/// Processor time, so that other programs do not count. A hundred times what any input needs, with the
+/// sanitizers too, and far less than 200,000 bytes take when the time grows with the square of the length.
 constexpr double secondsForAnyInput = 1;
 constexpr double secondsPerByte = 20e-6;
 
-void runChecked(std::string_view input) {
+void runChecked(CheckInput checkInput, std::string_view input) {
     inputAtHand = input;
     const std::clock_t start = std::clock();
     try {
-        runOn(input);
+        checkInput(input);
     } catch (const std::exception& failure) {
         check(false, failure.what());
     }
@@ -54,52 +58,20 @@ void runChecked(std::string_view input) {
 
 } // namespace
 
-void bend(std::string& bytes, std::size_t changes, Random& random) {
-    static constexpr std::string_view favourites =
-        "{}[]:,\"'\\/* \r\n\t()tfnu+-0.eE9\x00\x7F\xEF\xBB\xBF\xFF\xFE"sv;
-    for (std::size_t left = random.below(changes + 1); left > 0 && !bytes.empty(); --left) {
-        const std::size_t at = random.below(bytes.size());
-        const char favourite = favourites[random.below(favourites.size())];
-        switch (random.below(5)) {
-        case 0:
-            bytes.erase(at, 1 + random.below(8));
-            break;
-        case 1:
-            bytes.insert(at, 1, favourite);
-            break;
-        case 2:
-            bytes[at] = favourite;
-            break;
-        case 3:
-            bytes[at] = static_cast<char>(random.below(256));
-            break;
-        default:
-            bytes.insert(at, bytes.substr(random.below(bytes.size()), 1 + random.below(16)));
-        }
-    }
-}
-
-std::string repeated(std::string_view pattern, std::size_t length) {
-    std::string bytes;
-    bytes.reserve(length + pattern.size());
-    while (bytes.size() < length)
-        bytes.append(pattern);
-    bytes.resize(length);
-    return bytes;
-}
-
-std::string hostile(std::initializer_list<std::string_view> tokens, Random& random) {
-    std::string pattern;
-    for (std::size_t left = 1 + random.below(4); left > 0; --left)
-        pattern += random.oneOf(tokens);
-    return repeated(pattern, pattern.empty() ? 0 : 1 + random.below(200000));
+Subject::Subject(const char* name, void (*checkInput)(std::string_view)) {
+    subjects()[name] = checkInput;
 }
 
 void check(bool holds, const char* message) {
     if (holds)
         return;
-    std::fprintf(stderr, "does not hold: %s\n", message);
-    printInput(inputAtHand);
+    std::fprintf(stderr, "does not hold: %s\n%zu bytes of input. To keep them as a case:\nprintf '", message,
+                 inputAtHand.size());
+    for (const char byte : inputAtHand) {
+        const bool isPlain = byte >= ' ' && byte <= '~' && byte != '\\' && byte != '\'' && byte != '%';
+        std::fprintf(stderr, isPlain ? "%c" : "\\%03o", static_cast<unsigned char>(byte));
+    }
+    std::fprintf(stderr, "' >tests/fuzz/corpus/SUBJECT/NAME\n");
     std::abort();
 }
 
@@ -108,36 +80,33 @@ void check(bool holds, const char* message) {
 #ifdef BRINDLEWICK_LIBFUZZER
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    brindlewick::fuzz::runChecked({reinterpret_cast<const char*>(data), size});
+    using namespace brindlewick::fuzz;
+    static const auto subject = subjectOf(std::getenv("BRINDLEWICK_FUZZ"));
+    runChecked(subject, {reinterpret_cast<const char*>(data), size});
     return 0;
 }
 
 #else
 
-int main(int count, char** words) {
+int main(int count, char** arguments) {
     using namespace brindlewick::fuzz;
-    const double seconds = count > 1 ? std::atof(words[1]) : 3;
-    const std::uint64_t seed = count > 2 ? std::strtoull(words[2], nullptr, 10) : 1;
-    std::size_t cases = 0;
-    if (count > 3) {
-        for (const auto& file : std::filesystem::directory_iterator(words[3])) {
-            std::ifstream bytes(file.path(), std::ios::binary);
-            runChecked(std::string(std::istreambuf_iterator<char>(bytes), {}));
-            ++cases;
-        }
-    }
-    const auto start = std::chrono::steady_clock::now();
-    Random random(seed);
-    std::size_t rounds = 0;
+    if (count != 5)
+        std::fprintf(stderr, "usage: fuzz_driver SUBJECT SECONDS SEED FOLDER\n");
+    const auto subject = subjectOf(count == 5 ? arguments[1] : nullptr);
+    const double seconds = std::atof(arguments[2]);
+    InputGenerator generator(arguments[4], std::strtoull(arguments[3], nullptr, 10));
+    for (const std::string& seed : generator.seeds())
+        runChecked(subject, seed);
+    std::size_t inputs = 0;
     std::size_t bytes = 0;
-    do {
-        const std::string input = makeInput(random);
-        runChecked(input);
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
+    for (; Clock::now() < end; ++inputs) {
+        const std::string input = generator.next();
+        runChecked(subject, input);
         bytes += input.size();
-        ++rounds;
-    } while (std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count() < seconds);
-    std::printf("%zu cases; %zu inputs, %zu bytes, seed %llu\n", cases, rounds, bytes,
-                static_cast<unsigned long long>(seed));
+    }
+    std::printf("%zu cases, %zu inputs of %zu bytes\n", generator.seeds().size(), inputs, bytes);
     return 0;
 }
 
