@@ -142,13 +142,13 @@ Texts rowsByTheRules(const Run& run) {
     return rows;
 }
 
-Texts rowsOfTheProgram(const Run& run) {
+Texts rowsOfTheProgram(const Run& run, ReadAhead readAhead) {
     testing::CountingUser user;
     testing::FakeSettings settings;
     ExtractionOptions options(settings);
     options.chooseMode(static_cast<ExtractionMode>(run.mode));
     ResultsTable table;
-    ExtractionRun(user, options, run.paths, run.tags, table).PushButton7_Click();
+    ExtractionRun(user, options, run.paths, run.tags, table, readAhead).PushButton7_Click();
     check(user.reports == 0, "nothing is reported");
     Texts rows;
     for (std::size_t row = 0; row < table.rowCount(); ++row)
@@ -160,7 +160,12 @@ const Subject runs("run", [](std::string_view input) {
     const Run run = runOf(input);
     try {
         const Texts expected = rowsByTheRules(run);
-        check(rowsOfTheProgram(run) == expected, "the rows are those of the rules");
+        check(rowsOfTheProgram(run, {}) == expected, "the rows are those of the rules");
+        for (const std::size_t workers : {1, 2, 3, 8}) {
+            const std::uint64_t stretch = 24 + input.size() / 500 + input.size() * workers % 1000; // bytes
+            check(rowsOfTheProgram(run, {workers, stretch}) == expected,
+                  "the rows are the same for any number of workers and any length of stretches");
+        }
     } catch (const Walker::TooLong&) {
     }
 });
