@@ -8,8 +8,6 @@
 
 #include "extract/extraction_run.h"
 #include "platform/error_report.h"
-#include "platform/failure.h"
-#include "platform/files.h"
 #include "platform/native_path.h"
 #include "platform/text.h"
 #include "platform/text_encoding.h"
@@ -149,15 +147,6 @@ void appendJsonString(std::u16string_view text, std::string& line) {
     line.push_back('"');
 }
 
-/// In bytes; 0 for a file that cannot be looked at.
-std::uint64_t lengthOf(const std::u16string& path) {
-    try {
-        return fileLength(path);
-    } catch (const Failure&) {
-        return 0;
-    }
-}
-
 void printRows(const ResultsTable& table) {
     std::string line;
     for (std::size_t row = 0; row < table.rowCount(); ++row) {
@@ -197,11 +186,7 @@ int main(int count, char** words) {
         printRows(table);
         return 0;
     }
-    std::uint64_t bytes = 0;
-    for (const std::u16string& file : arguments->files)
-        bytes += lengthOf(file);
-    std::printf("%zu rows, %llu bytes, %.6f seconds, %.1f MB/s, %llu bytes peak resident\n", table.rowCount(),
-                static_cast<unsigned long long>(bytes), seconds, static_cast<double>(bytes) / 1e6 / seconds,
+    std::printf("%zu rows, %.6f seconds, %llu bytes peak resident\n", table.rowCount(), seconds,
                 static_cast<unsigned long long>(peakResidentBytes()));
     return 0;
 }

@@ -19,7 +19,7 @@ namespace brindlewick {
 
 /// A sink is told of a fragment's parts in the order of the text. Its operations, for a sink `s`:
 ///
-///     s.startFragment()               first; a failure may have left anything open
+///     s.start()                       for a new text; a failure may have left anything open
 ///     s.takePlainMember(at, end)      may take an object's beginning by itself (see readPlainMember)
 ///     s.openObject(taken) -> object   the handle of an object, kept until closeObject
 ///     s.startMember(object)           then the key's units:
@@ -46,26 +46,31 @@ class FragmentReader : private LeafReader<Sink> {
 public:
     explicit FragmentReader(Sink& sink) noexcept : LeafReader<Sink>(sink) {}
 
+    /// The text to read from, which stays where it is until the last `read`. Also to be called after a
+    /// failure.
+    void start(std::u16string_view text) {
+        begin_ = text.data();
+        end_ = begin_ + text.size();
+        nesting_ = 1;
+        sink_.start();
+    }
+
     /// Reads the fragment at `at` (code units from 0, in and out) and leaves `at` where it ended, which is on
     /// the
     /// "," or "[" that ended an object. False when no text is left: the last unit of a text is never the
     /// start of a fragment. Linear in the text passed over; nothing recurses deeper than deepestNesting.
     /// Fails as the sink does.
-    bool read(std::u16string_view text, std::size_t& at) {
-        if (at > text.size())
+    bool read(std::size_t& at) {
+        if (at > static_cast<std::size_t>(end_ - begin_))
             return false;
-        const char16_t* const start = text.data();
-        at_ = start + at;
-        end_ = start + text.size();
-        nesting_ = 1;
-        sink_.startFragment();
+        at_ = begin_ + at;
         skipIgnorable();
         const bool isFragment = end_ - at_ > 1;
         if (isFragment && *at_ == u'[')
             readArray();
         else if (isFragment)
             readObject();
-        at = static_cast<std::size_t>(at_ - start);
+        at = static_cast<std::size_t>(at_ - begin_);
         return isFragment;
     }
 
@@ -179,6 +184,7 @@ private:
         }
     }
 
+    const char16_t* begin_ = nullptr;
     int nesting_ = 1;
 };
 

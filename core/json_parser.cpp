@@ -10,7 +10,7 @@ constexpr std::size_t quotedLength = 20; // code units of the text that most err
 
 } // namespace
 
-void ValueBuilder::startFragment() {
+void ValueBuilder::start() {
     problems_.clear();
     problemKeys_.clear();
 }
@@ -40,7 +40,8 @@ void ValueBuilder::note(ReadingProblem problem, const char16_t* at) {
 std::optional<JsonValue> JsonParser::parse(std::u16string_view text, std::int32_t& position) {
     text_ = text;
     std::size_t at = position < 1 ? 0 : static_cast<std::size_t>(position - 1);
-    isFragment_ = reader_.read(text, at);
+    reader_.start(text);
+    isFragment_ = reader_.read(at);
     position = static_cast<std::int32_t>(at + 1);
     if (!isFragment_)
         return std::nullopt;

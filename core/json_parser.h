@@ -40,7 +40,7 @@ public:
     const std::vector<Problem>& problems() const noexcept { return problems_; }
     std::u16string_view keyOf(const Problem& problem) const { return problemKeys_[problem.key]; }
 
-    void startFragment();
+    void start();
     PlainMember takePlainMember(const char16_t*&, const char16_t*) noexcept { return PlainMember::none; }
     Object openObject(PlainMember) { return {}; }
     void startMember(Object&) { key_.clear(); }

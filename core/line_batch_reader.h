@@ -49,6 +49,8 @@ public:
     /// Makes the cuts up to number `lastCut` known. Reading is at `place`, with the file's reader at the
     /// place's cut.
     void startAt(TextPlace place, std::uint64_t cutDistance, std::uint64_t lastCut);
+    /// Whether placeOf() can be asked; it costs a little time for every fragment.
+    void keepPlaces(bool keeps) noexcept { lines_.keepStarts(keeps); }
     /// Where the batch's fragment number `line` began.
     TextPlace placeOf(std::size_t line) const { return placeAt(lines_.starts()[line]); }
     /// Where the fragment began that was read last, one without a line included.

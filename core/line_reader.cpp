@@ -28,29 +28,35 @@ FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at,
     UnitBuffer& lines = writer_.buffer();
     if (lines.length() > maxBatchBefore)
         startBatch();
+    // A fragment that comes this near to the text's end may be another with more text.
+    const std::size_t cutAt =
+        isWhole ? std::u16string_view::npos : text.size() - std::min(text.size(), maxLookAhead - 1);
+    const std::size_t lookUpAt = std::min(stopAt, cutAt);
     std::size_t start = at;
     FragmentReading reading = FragmentReading::line;
     try {
+        lines_.start(text);
         do {
             start = at;
             lineStart_ = lines.length();
-            if (!lines_.read(text, at))
+            if (!lines_.read(at))
                 reading = FragmentReading::end;
             else if (lines.length() - lineStart_ > maxLineLength_)
                 reading = FragmentReading::tooLong;
-            if (!isWhole && at + maxLookAhead > text.size())
+            if (at >= cutAt)
                 reading = FragmentReading::needsText;
-            if (reading == FragmentReading::line) {
-                ends_.push_back(static_cast<std::uint32_t>(lines.length()));
+            if (reading != FragmentReading::line)
+                break;
+            ends_.push_back(static_cast<std::uint32_t>(lines.length()));
+            if (keepsStarts_)
                 starts_.push_back(textStart_ + start);
-            }
-        } while (reading == FragmentReading::line && lines.length() < batchLength && at < stopAt);
+        } while (lines.length() < batchLength && at < lookUpAt);
     } catch (const Failure&) {
         // The line does not fit: read again without writing, to find the fragment's end.
         at = start;
-        skips_.read(text, at);
-        reading = !isWhole && at + maxLookAhead > text.size() ? FragmentReading::needsText
-                                                              : FragmentReading::tooLong;
+        skips_.start(text);
+        skips_.read(at);
+        reading = at >= cutAt ? FragmentReading::needsText : FragmentReading::tooLong;
     }
     lastStart_ = textStart_ + start;
     if (reading != FragmentReading::line)

@@ -45,7 +45,9 @@ public:
 
     /// Valid until the next call.
     LineBatch batch() const noexcept { return {writer_.buffer().view(), ends_}; }
-    /// Where each line's fragment began. Valid until the next call.
+    /// Whether starts() is filled.
+    void keepStarts(bool keeps) noexcept { keepsStarts_ = keeps; }
+    /// Where each line's fragment began, if that is kept. Valid until the next call.
     const std::vector<std::uint64_t>& starts() const noexcept { return starts_; }
     /// Where the fragment began that was read last.
     std::uint64_t lastStart() const noexcept { return lastStart_; }
@@ -61,6 +63,7 @@ private:
     std::size_t lineStart_ = 0;
     std::vector<std::uint32_t> ends_;
     std::vector<std::uint64_t> starts_;
+    bool keepsStarts_ = false;
     std::uint64_t textStart_ = 0;
     std::uint64_t lastStart_ = 0;
 };

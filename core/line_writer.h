@@ -72,7 +72,7 @@ public:
     /// What has been written, one line after the other.
     UnitBuffer& buffer() noexcept { return line_; }
     const UnitBuffer& buffer() const noexcept { return line_; }
-    void startFragment() noexcept { keys_.clear(); }
+    void start() noexcept { keys_.clear(); }
 
     using Object = OpenKeys::Object;
     struct Array {
@@ -173,14 +173,29 @@ private:
         object.key.length = line_.length() - 2 - object.key.start;
     }
 
-    /// Copies a run of units; returns its end.
+    /// Copies a run of units; returns its end. Most runs end in their first block.
     template <class Stops>
     const char16_t* copyRun(const char16_t* from, const char16_t* end) {
+        if (static_cast<std::size_t>(end - from) < blockLength)
+            return copyLongRun<Stops>(from, end);
+        line_.makeRoom(blockLength);
+        const UnitBlock block(from);
+        block.storeTo(line_.end());
+        const unsigned stops = Stops::in(block).bits();
+        const std::size_t plain = stops == 0 ? blockLength : firstOf(stops);
+        line_.advance(plain);
+        return stops == 0 ? copyLongRun<Stops>(from + blockLength, end) : from + plain;
+    }
+
+    template <class Stops>
+    [[gnu::noinline]] const char16_t* copyLongRun(const char16_t* from, const char16_t* end) {
         // Room for many blocks at a time, so that the inner loop neither asks for room nor writes to the
         // buffer's own numbers: written units may alias them, and every block would wait for the one before
         // it.
-        for (std::size_t blocks = 1; static_cast<std::size_t>(end - from) >= blockLength; blocks = 32) {
-            blocks = std::min(static_cast<std::size_t>(end - from) / blockLength, blocks);
+        constexpr std::size_t blocksAtOnce = 32;
+        while (static_cast<std::size_t>(end - from) >= blockLength) {
+            const std::size_t blocks =
+                std::min(static_cast<std::size_t>(end - from) / blockLength, blocksAtOnce);
             line_.makeRoom(blocks * blockLength);
             char16_t* to = line_.end();
             const char16_t* const limit = from + blocks * blockLength;
@@ -217,7 +232,7 @@ public:
     using Object = OpenKeys::Object;
     struct Array {};
 
-    void startFragment() noexcept {
+    void start() noexcept {
         units_.cutTo(0);
         keys_.clear();
     }

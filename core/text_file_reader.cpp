@@ -61,7 +61,6 @@ bool TextFileReader::open(std::u16string_view path) {
     start(file, 0);
     // What has no length, a pipe among it, is not read: no one may ever write to it.
     const bool hasBytes = file->bytes.length() > 0;
-    atEnd_ = !hasBytes;
     fillBuffer(bufferLength);
     file->mark = DetectByteOrderMark(buffered().substr(0, 4));
     if (file->mark.isUtf8)
@@ -162,8 +161,12 @@ void TextFileReader::fillBuffer(std::size_t wanted) {
     bufferOffset_ += begin_;
     end_ -= begin_;
     begin_ = 0;
-    end_ += file_->bytes.readAt(bufferOffset_ + end_, {bytes_.get() + end_, bufferLength - end_});
-    atEnd_ = end_ < bufferLength;
+    // No more than the file had when it was opened, so that all its readers see the same text.
+    const std::uint64_t left = file_->bytes.length() - std::min(file_->bytes.length(), bufferOffset_ + end_);
+    const auto room = static_cast<std::size_t>(std::min<std::uint64_t>(bufferLength - end_, left));
+    const std::size_t count = file_->bytes.readAt(bufferOffset_ + end_, {bytes_.get() + end_, room});
+    end_ += count;
+    atEnd_ = count < room || room == left;
 }
 
 std::vector<std::u16string> ReadFileToPieces(std::u16string_view path) {

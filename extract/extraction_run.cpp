@@ -48,8 +48,8 @@ void ExtractionRun::extractFiles(const Guard& guard) {
     const auto matcher = std::make_shared<const TagMatcher>(tags_);
     const auto makeWork = [matcher, stretchBytes = readAhead_.stretchBytes] {
         const auto reader = std::make_shared<StretchReader>(matcher, stretchBytes);
-        return [reader](Stretch& stretch, const StretchJobs::AddNext& addNext) {
-            return reader->read(stretch, addNext);
+        return [reader](Stretch& stretch, StretchLines& read, const StretchJobs::AddNext& addNext) {
+            reader->read(stretch, read, addNext);
         };
     };
     const std::size_t workers = readAhead_.workers > 0 ? readAhead_.workers : availableProcessors();
@@ -75,10 +75,11 @@ void ExtractionRun::extractFiles(const Guard& guard) {
         if (outcome) {
             const std::size_t file = outcome->job.fileNumber;
             const double share = outcome->job.shareBefore();
-            const bool hasEnded = extraction.addRows(std::move(*outcome), jobs);
+            const bool hasEnded = extraction.addRows(*outcome, jobs);
+            jobs.giveBack(std::move(outcome->result));
             ended = hasEnded ? file + 1 : file;
             showProgress(guard, ended, hasEnded ? 0 : share);
-        } else if (added == files && jobs.size() == 0) {
+        } else if (added == files && jobs.empty()) {
             break;
         }
         guard([&] { user_.yield(); });

@@ -17,16 +17,16 @@ constexpr std::size_t fragmentsBetweenYields = 32;
 
 } // namespace
 
-bool FileExtraction::addRows(StretchJobs::Outcome&& outcome, StretchJobs& jobs) {
+bool FileExtraction::addRows(StretchJobs::Outcome& outcome, StretchJobs& jobs) {
     Stretch& stretch = outcome.job;
     const StretchLines& read = outcome.result;
     const bool isLast = stretch.isLast;
     if (stretch.number == 0 && !stretch.isAgain)
         startFile(stretch.path);
     if (file_ == FileState::read && at_.cut <= stretch.number) {
-        const bool startsRight = outcome.failure
-                                     ? stretch.number == 0 || stretch.begin == at_
-                                     : std::binary_search(read.starts.begin(), read.starts.end(), at_);
+        const auto start = std::lower_bound(read.starts.begin(), read.starts.end(), at_);
+        const bool startsRight = outcome.failure ? stretch.number == 0 || stretch.begin == at_
+                                                 : start != read.starts.end() && *start == at_;
         if (!outcome.failure && !read.hasBytes) {
             file_ = FileState::empty;
         } else if (!startsRight) {
@@ -34,9 +34,8 @@ bool FileExtraction::addRows(StretchJobs::Outcome&& outcome, StretchJobs& jobs) 
             return false;
         } else if (outcome.failure) {
             guard_.report(*outcome.failure);
-            table_.truncateRows(rowsBefore_);
-            file_ = FileState::unreadable;
-        } else if (!addEntries(read)) {
+            dropFile();
+        } else if (!addEntries(read, static_cast<std::uint32_t>(start - read.starts.begin()))) {
             readAgain(std::move(stretch), jobs);
             return false;
         } else {
@@ -64,20 +63,27 @@ void FileExtraction::endFile() {
     guard_([&] { addRows(walker_.valueText(), 1); });
 }
 
+void FileExtraction::dropFile() {
+    table_.truncateRows(rowsBefore_);
+    file_ = FileState::unreadable;
+}
+
 /// The stretch is read from the place that is known to be right, for the mode of its piece.
 void FileExtraction::readAgain(Stretch&& stretch, StretchJobs& jobs) {
     stretch.begin = at_;
     stretch.isAgain = true;
     stretch.wantsAllLines = mode_ == ExtractionMode::all;
-    guard_([&] { jobs.addFirst(std::move(stretch)); });
+    if (!guard_([&] { jobs.addFirst(std::move(stretch)); }))
+        dropFile();
 }
 
-/// False when the lines are not those that the mode needs; at_ is then the place from which to read again.
-bool FileExtraction::addEntries(const StretchLines& read) {
-    const auto isBefore = [](const StretchLines::Entry& entry, const TextPlace& place) {
-        return entry.place < place;
+/// Adds the rows of what starts at `starts[firstStart]` or later. False when the lines are not those that the
+/// mode needs; at_ is then the place from which to read again.
+bool FileExtraction::addEntries(const StretchLines& read, std::uint32_t firstStart) {
+    const auto isBefore = [](const StretchLines::Entry& entry, std::uint32_t start) {
+        return entry.start < start;
     };
-    const auto first = std::lower_bound(read.entries.begin(), read.entries.end(), at_, isBefore);
+    const auto first = std::lower_bound(read.entries.begin(), read.entries.end(), firstStart, isBefore);
     const auto isForMode = [&] { return read.hasAllLines == (mode_ == ExtractionMode::all); };
     const bool startsPiece = first != read.entries.end() && first->kind == StretchLines::Kind::pieceStart;
     if (!startsPiece && !isForMode())
@@ -87,7 +93,7 @@ bool FileExtraction::addEntries(const StretchLines& read) {
     for (auto entry = first; entry != read.entries.end(); start = entry++->end) {
         switch (entry->kind) {
         case StretchLines::Kind::pieceStart:
-            at_ = entry->place;
+            at_ = read.starts[entry->start];
             user_.yield();
             mode_ = options_.mode();
             if (!isForMode())

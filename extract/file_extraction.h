@@ -31,7 +31,7 @@ public:
     /// place, or not for the mode at hand, it is added to `jobs` again. A file that cannot be read is
     /// reported once and keeps no row; a fragment that fails is reported and left out. True when the file has
     /// ended.
-    bool addRows(StretchJobs::Outcome&& outcome, StretchJobs& jobs);
+    bool addRows(StretchJobs::Outcome& outcome, StretchJobs& jobs);
     /// Ends the file whose rows have been added so far, if there is one.
     void endFile();
 
@@ -39,7 +39,8 @@ private:
     enum class FileState { none, empty, read, unreadable };
 
     void startFile(const std::u16string& path);
-    bool addEntries(const StretchLines& read);
+    void dropFile();
+    bool addEntries(const StretchLines& read, std::uint32_t firstStart);
     void extractLine(std::u16string_view line, std::size_t matches);
     void readFirstTag();
     void walkToRow(std::u16string_view line);

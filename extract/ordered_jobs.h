@@ -32,19 +32,22 @@ public:
     struct Outcome {
         Job job; ///< as the worker left it
         Result result;
-        std::optional<FailureNumber> failure; ///< the job threw; `result` is then as it was made
+        std::optional<FailureNumber> failure; ///< the job threw; `result` is then unfinished
     };
 
     /// Called by a worker that runs a job: adds the job that follows it.
     using AddNext = std::function<void(Job)>;
-    /// What a worker does; each has its own.
-    using Work = std::function<Result(Job&, const AddNext&)>;
+    /// What a worker does; each has its own. The result is new, or one that was given back, with its old
+    /// content.
+    using Work = std::function<void(Job&, Result&, const AddNext&)>;
 
     /// Starts up to `workers` threads (at least one is asked for), each with work of its own. Without any
     /// thread, as on a system that has none left, the jobs run on the owner's.
     OrderedJobs(std::size_t workers, std::size_t maxHeld, const std::function<Work()>& makeWork)
         : state_(std::make_shared<State>()) {
         state_->maxHeld = maxHeld;
+        state_->spares.reserve(maxSpares);
+        spares_.reserve(maxSpares);
         ownWork_ = makeWork();
         workers = std::max<std::size_t>(workers, 1);
         threads_.reserve(workers);
@@ -64,40 +67,50 @@ public:
     OrderedJobs(const OrderedJobs&) = delete;
     OrderedJobs& operator=(const OrderedJobs&) = delete;
 
-    void addLast(Job job) { add(std::move(job), false); }
-    /// For a job that has to be done again, before all others.
-    void addFirst(Job job) { add(std::move(job), true); }
-
-    /// Jobs whose outcome has not been taken.
-    std::size_t size() const {
+    /// Adds a job after all others. It may begin at the next call of `take`.
+    void addLast(Job job) { pushWaiting(added_, std::move(job)); }
+    /// For a job that has to be done again: its outcome is the next.
+    void addFirst(Job job) {
+        Slots slot;
+        pushWaiting(slot, std::move(job));
         const std::lock_guard lock(state_->mutex);
-        return state_->slots.size();
+        for (const Slot& taken : taken_)
+            state_->held += taken.held;
+        state_->slots.splice(state_->slots.begin(), taken_);
+        state_->slots.splice(state_->slots.begin(), slot);
+        state_->next = state_->slots.begin();
+        wakeWorker(*state_);
     }
 
-    /// The first job's outcome, if it is there within `patience`. Waits for a good number of outcomes rather
-    /// than for each, so that the threads need not wake each other for every small job.
+    /// True when every outcome has been taken.
+    bool empty() const {
+        const std::lock_guard lock(state_->mutex);
+        return taken_.empty() && added_.empty() && state_->slots.empty();
+    }
+
+    /// The next outcome, if it is there within `patience`. All that are there are moved at once, and while
+    /// none is, the owner is woken for a good number of them rather than for each: a job may be short.
     std::optional<Outcome> take(std::chrono::milliseconds patience) {
-        std::unique_lock lock(state_->mutex);
-        State& state = *state_;
-        if (state.slots.empty())
+        if (taken_.empty() || added_.size() >= maxAddedUnknown)
+            fetch(taken_.empty() ? patience : patience.zero());
+        if (taken_.empty())
             return std::nullopt;
-        if (threads_.empty() && state.slots.front().stage == Stage::waiting)
-            runFirst(state, ownWork_, lock);
-        if (state.slots.front().stage != Stage::done) {
-            state.isOwnerWaiting = true;
-            state.outcomesReady.wait_for(lock, patience, [&state] { return !state.isOwnerWaiting; });
-            state.isOwnerWaiting = false;
-            if (state.slots.front().stage != Stage::done)
-                return std::nullopt;
-        }
-        std::optional<Outcome> outcome(std::move(state.slots.front().outcome));
-        state.held -= state.slots.front().held;
-        state.slots.pop_front();
-        wakeWorker(state);
+        std::optional<Outcome> outcome(std::move(taken_.front().outcome));
+        taken_.pop_front();
         return outcome;
     }
 
+    /// Lets a later job use the memory of a result that is no longer needed. Memory that goes round stays
+    /// mapped and in the cache; new memory for every result costs a tenth of the time.
+    void giveBack(Result&& result) {
+        if (spares_.size() < maxSpares && result.heldBytes() <= maxSpareBytes)
+            spares_.push_back(std::move(result));
+    }
+
 private:
+    static constexpr std::size_t maxSpares = 16;
+    static constexpr std::size_t maxSpareBytes = std::size_t{1} << 20;
+    static constexpr std::size_t maxAddedUnknown = 32; ///< jobs that the workers do not know of yet
     static constexpr std::chrono::milliseconds patienceAtEnd{50};
 
     enum class Stage { waiting, running, done };
@@ -115,7 +128,8 @@ private:
         std::condition_variable workerLeft;
         Slots slots;                                 ///< in the order of the jobs
         typename Slots::iterator next = slots.end(); ///< none before it is waiting
-        std::size_t held = 0;                        ///< bytes of all that is done
+        std::vector<Result> spares;
+        std::size_t held = 0; ///< bytes of all that is done
         std::size_t maxHeld = 0;
         std::size_t idle = 0; ///< workers
         std::size_t left = 0; ///< workers that have ended
@@ -123,16 +137,34 @@ private:
         bool isStopping = false;
     };
 
-    void add(Job job, bool isFirst) {
-        Slots slot;
-        slot.push_back({{std::move(job), Result(), std::nullopt}, Stage::waiting, 0});
-        const std::lock_guard lock(state_->mutex);
-        const auto place = isFirst ? state_->slots.begin() : state_->slots.end();
-        const auto added = slot.begin();
-        state_->slots.splice(place, slot);
-        if (isFirst || state_->next == state_->slots.end())
-            state_->next = added;
-        wakeWorker(*state_);
+    static void pushWaiting(Slots& slots, Job&& job) {
+        slots.push_back({{std::move(job), Result(), std::nullopt}, Stage::waiting, 0});
+    }
+
+    /// Exchanges with the workers: jobs and spare memory for outcomes.
+    void fetch(std::chrono::milliseconds patience) {
+        std::unique_lock lock(state_->mutex);
+        State& state = *state_;
+        for (; !spares_.empty() && state.spares.size() < maxSpares; spares_.pop_back())
+            state.spares.push_back(std::move(spares_.back()));
+        if (!added_.empty() && state.next == state.slots.end())
+            state.next = added_.begin();
+        state.slots.splice(state.slots.end(), added_);
+        if (state.slots.empty())
+            return;
+        wakeWorker(state);
+        if (threads_.empty() && state.slots.front().stage == Stage::waiting)
+            runFirst(state, ownWork_, lock);
+        if (state.slots.front().stage != Stage::done && patience > patience.zero()) {
+            state.isOwnerWaiting = true;
+            state.outcomesReady.wait_for(lock, patience, [&state] { return !state.isOwnerWaiting; });
+            state.isOwnerWaiting = false;
+        }
+        auto end = state.slots.begin();
+        for (; end != state.slots.end() && end->stage == Stage::done; ++end)
+            state.held -= end->held;
+        taken_.splice(taken_.end(), state.slots, state.slots.begin(), end);
+        wakeWorker(state);
     }
 
     static bool mayBegin(const State& state) {
@@ -157,11 +189,15 @@ private:
         do {
             ++state.next;
         } while (state.next != state.slots.end() && state.next->stage != Stage::waiting);
+        if (!state.spares.empty()) {
+            slot->outcome.result = std::move(state.spares.back());
+            state.spares.pop_back();
+        }
         wakeWorker(state);
         lock.unlock();
         const AddNext addNext = [&state, slot](Job job) {
             Slots following;
-            following.push_back({{std::move(job), Result(), std::nullopt}, Stage::waiting, 0});
+            pushWaiting(following, std::move(job));
             const std::lock_guard adding(state.mutex);
             state.slots.splice(std::next(slot), following);
             const auto waits = [](const Slot& one) { return one.stage == Stage::waiting; };
@@ -169,7 +205,7 @@ private:
             wakeWorker(state);
         };
         try {
-            slot->outcome.result = work(slot->outcome.job, addNext);
+            work(slot->outcome.job, slot->outcome.result, addNext);
         } catch (...) {
             slot->outcome.failure = currentFailure();
         }
@@ -217,6 +253,9 @@ private:
     std::shared_ptr<State> state_; ///< shared with workers that outlive this object
     std::vector<std::thread> threads_;
     Work ownWork_;
+    Slots added_; ///< and not yet known to the workers
+    Slots taken_; ///< from the workers, and not yet returned by `take`
+    std::vector<Result> spares_;
 };
 
 } // namespace brindlewick

@@ -12,14 +12,9 @@ namespace {
 constexpr std::size_t batchUnits = std::size_t{1} << 14;
 // Fragments that are read past a cut, so that two readings meet.
 constexpr int maxFragmentsPastCut = 8;
-// Starts that are kept of a stretch, so that the reading before it can be found among them.
-constexpr std::size_t maxStarts = 256;
-
-/// An entry without a line.
-void keepMark(StretchLines& read, TextPlace place, StretchLines::Kind kind) {
-    read.entries.push_back(
-        {.place = place, .end = static_cast<std::uint32_t>(read.text.size()), .kind = kind});
-}
+// Starts that are kept of a stretch, and units of lines until they are counted again.
+constexpr std::size_t enoughStarts = 256;
+constexpr std::size_t unitsBetweenCounts = std::size_t{1} << 11;
 
 } // namespace
 
@@ -53,12 +48,12 @@ void FileStretches::end(std::uint64_t stretch, TextPlace place) {
     static_cast<void>(endUnlessNextHasBegun(stretch, place));
 }
 
-StretchLines StretchReader::read(Stretch& stretch, const std::function<void(Stretch)>& addNext) {
-    StretchLines read;
+void StretchReader::read(Stretch& stretch, StretchLines& read, const std::function<void(Stretch)>& addNext) {
+    read.clear();
     read.hasAllLines = stretch.wantsAllLines;
     if (!stretch.file && !open(stretch)) {
         read.hasBytes = false;
-        return read;
+        return;
     }
     if (!stretch.isAgain && !stretch.isLast) {
         Stretch next = stretch;
@@ -71,7 +66,8 @@ StretchLines StretchReader::read(Stretch& stretch, const std::function<void(Stre
     else
         readPieces(stretch, read);
     lines_.file().close();
-    return read;
+    if (!stretch.stretches)
+        stretch.file.reset(); // closed here, not on the thread that takes the lines
 }
 
 /// False for an empty file. It has no rows and no report, even when it cannot be opened.
@@ -97,21 +93,24 @@ void StretchReader::readPieces(Stretch& stretch, StretchLines& read) {
     const std::uint64_t bytes = stretch.stretches ? stretch.stretches->bytes() : 0;
     TextPlace piece = stretch.begin.value_or(TextPlace{stretch.number, 0});
     stretch.begin = piece;
-    read.starts = {piece};
-    if (piece != TextPlace{0, 0} || lines_.file().file() != stretch.file)
+    if (stretch.isAgain || stretch.number > 0)
         lines_.file().start(stretch.file,
                             stretch.file->textStart + stretch.number * bytes + piece.units * bytesPerUnit);
+    lines_.keepPlaces(false);
     for (; (stretch.isLast || piece.units * bytesPerUnit < bytes) && lines_.nextPiece();
          piece.units += pieceLength) {
-        keepMark(read, piece, StretchLines::Kind::pieceStart);
-        BatchEnd end = BatchEnd::full;
-        while (end != BatchEnd::pieceEnd) {
+        const std::size_t start = read.starts.size();
+        read.starts.push_back(piece);
+        keepMark(read, StretchLines::Kind::pieceStart, start);
+        for (BatchEnd end = BatchEnd::full; end != BatchEnd::pieceEnd;) {
             end = lines_.nextBatch(batchUnits);
-            keepLines(read, piece);
+            keepLines(read, start, 0);
             if (end == BatchEnd::tooLong)
-                keepMark(read, piece, StretchLines::Kind::tooLong);
+                keepMark(read, StretchLines::Kind::tooLong, start);
         }
     }
+    if (read.starts.empty()) // the file has become shorter
+        read.starts.push_back(piece);
     read.end = stretch.isLast ? textEnd : TextPlace{stretch.number + 1, 0};
 }
 
@@ -141,51 +140,69 @@ void StretchReader::readMarked(Stretch& stretch, StretchLines& read) {
     read.starts.push_back(*stretch.begin);
     lines_.startAt(*stretch.begin, bytes, stretches == nullptr ? 0 : stretches->count() - 1);
     if (number == 0)
-        keepMark(read, {0, 0}, StretchLines::Kind::pieceStart);
+        keepMark(read, StretchLines::Kind::pieceStart, 0);
 
+    bool keepsStarts = number > 0;
+    std::size_t fragments = 0;
     bool isPastCut = false;
     for (int pastCut = 0; pastCut <= maxFragmentsPastCut; pastCut += isPastCut ? 1 : 0) {
-        const BatchEnd end = lines_.nextBatch(isPastCut ? 1 : batchUnits);
-        for (std::size_t line = 0;
-             number > 0 && line < lines_.batch().size() && read.starts.size() < maxStarts; ++line)
+        lines_.keepPlaces(keepsStarts);
+        const BatchEnd end = lines_.nextBatch(isPastCut ? 1 : keepsStarts ? unitsBetweenCounts : batchUnits);
+        keepLines(read, fragments, 1);
+        for (std::size_t line = fragments == 0 ? 1 : 0; keepsStarts && line < lines_.batch().size(); ++line)
             read.starts.push_back(lines_.placeOf(line));
-        keepLines(read, std::nullopt);
-        if (end == BatchEnd::pieceEnd) {
-            read.end = textEnd;
-            break;
+        fragments += lines_.batch().size();
+        if (end == BatchEnd::tooLong) {
+            keepMark(read, StretchLines::Kind::tooLong, fragments);
+            if (keepsStarts && fragments > 0)
+                read.starts.push_back(lines_.placeOfLast());
+            ++fragments;
         }
-        if (end == BatchEnd::tooLong)
-            keepMark(read, lines_.placeOfLast(), StretchLines::Kind::tooLong);
-        read.end = lines_.place();
+        read.end = end == BatchEnd::pieceEnd ? textEnd : lines_.place();
+        if (keepsStarts && fragments >= enoughStarts)
+            keepsStarts = false;
         isPastCut = read.end.cut > number;
-        if (isPastCut && stretches->endUnlessNextHasBegun(number, read.end))
+        if (end == BatchEnd::pieceEnd || (isPastCut && stretches->endUnlessNextHasBegun(number, read.end)))
             break;
     }
-    if (read.starts.size() < maxStarts)
+    if (keepsStarts)
         read.starts.push_back(read.end);
     if (stretches != nullptr)
         stretches->end(number, read.end);
 }
 
-/// `piece` is where the piece starts in a file of several, whose fragments need no places of their own.
-void StretchReader::keepLines(StretchLines& read, std::optional<TextPlace> piece) {
+/// Keeps what the run needs of the batch. Its first line's start is number `firstStart`, and each further
+/// line's is `step` later.
+void StretchReader::keepLines(StretchLines& read, std::size_t firstStart, std::size_t step) {
     const LineBatch batch = lines_.batch();
+    const auto startOf = [&](std::size_t line) {
+        return static_cast<std::uint32_t>(firstStart + line * step);
+    };
     if (read.hasAllLines) {
+        const std::size_t before = read.text.size();
+        read.text += batch.text;
         for (std::size_t line = 0; line < batch.size(); ++line)
-            keepLine(read, line, 0, piece);
+            read.entries.push_back(
+                {.end = static_cast<std::uint32_t>(before + batch.ends[line]), .start = startOf(line)});
         return;
     }
-    for (const std::uint32_t line : matcher_->findCandidates(batch, scratch_))
-        if (const std::size_t matches = matcher_->countMatches(batch[line], scratch_); matches > 0)
-            keepLine(read, line, static_cast<std::uint32_t>(matches), piece);
+    const std::size_t known = matcher_->matchesOfCandidates();
+    for (const std::uint32_t line : matcher_->findCandidates(batch, scratch_)) {
+        const std::size_t matches = known > 0 ? known : matcher_->countMatches(batch[line], scratch_);
+        if (matches == 0)
+            continue;
+        read.text += batch[line];
+        read.entries.push_back({.end = static_cast<std::uint32_t>(read.text.size()),
+                                .matches = static_cast<std::uint32_t>(matches),
+                                .start = startOf(line)});
+    }
 }
 
-void StretchReader::keepLine(StretchLines& read, std::size_t line, std::uint32_t matches,
-                             std::optional<TextPlace> piece) {
-    read.text += lines_.batch()[line];
-    read.entries.push_back({.place = piece ? *piece : lines_.placeOf(line),
-                            .end = static_cast<std::uint32_t>(read.text.size()),
-                            .matches = matches});
+/// An entry without a line.
+void StretchReader::keepMark(StretchLines& read, StretchLines::Kind kind, std::size_t start) {
+    read.entries.push_back({.end = static_cast<std::uint32_t>(read.text.size()),
+                            .start = static_cast<std::uint32_t>(start),
+                            .kind = kind});
 }
 
 } // namespace brindlewick

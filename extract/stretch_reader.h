@@ -79,9 +79,9 @@ struct StretchLines {
         pieceStart, ///< a piece starts before the next entry
     };
     struct Entry {
-        TextPlace place;       ///< where the fragment, or the piece, starts
         std::uint32_t end = 0; ///< of the line, in code units of `text`; of the line before, if it has none
         std::uint32_t matches = 0; ///< tags in the line; 0 when all lines are kept
+        std::uint32_t start = 0; ///< of the fragment or piece: place in `starts`; at least its size if later
         Kind kind = Kind::line;
     };
 
@@ -89,13 +89,24 @@ struct StretchLines {
     bool hasAllLines = false;
     std::u16string text; ///< of the lines, one after the other
     std::vector<Entry> entries;
-    std::vector<TextPlace>
-        starts;              ///< where the first fragments start, without a line too, and where reading began
+    /// Where reading began, the next fragments started, and, if that is all, the fragment after them. In a
+    /// file of several pieces, where the pieces start. Enough to find in it where the reading before has
+    /// ended.
+    std::vector<TextPlace> starts;
     TextPlace end = textEnd; ///< where the next fragment starts
 
+    /// Keeps the memory.
+    void clear() {
+        hasBytes = true;
+        text.clear();
+        entries.clear();
+        starts.clear();
+        end = textEnd;
+    }
+
     std::size_t heldBytes() const {
-        return text.capacity() * sizeof(char16_t) + entries.capacity() * sizeof(Entry) +
-               starts.capacity() * sizeof(TextPlace);
+        return text.size() * sizeof(char16_t) + entries.size() * sizeof(Entry) +
+               starts.size() * sizeof(TextPlace);
     }
 };
 
@@ -108,15 +119,14 @@ public:
 
     /// Opens the file if it is not open, has the stretch that follows added unless that is done, and reads.
     /// Fails as TextFileReader does; `stretch.begin` is then where reading started.
-    StretchLines read(Stretch& stretch, const std::function<void(Stretch)>& addNext);
+    void read(Stretch& stretch, StretchLines& read, const std::function<void(Stretch)>& addNext);
 
 private:
     bool open(Stretch& stretch);
     void readPieces(Stretch& stretch, StretchLines& read);
     void readMarked(Stretch& stretch, StretchLines& read);
-    void keepLines(StretchLines& read, std::optional<TextPlace> piece);
-    void keepLine(StretchLines& read, std::size_t line, std::uint32_t matches,
-                  std::optional<TextPlace> piece);
+    void keepLines(StretchLines& read, std::size_t firstStart, std::size_t step);
+    void keepMark(StretchLines& read, StretchLines::Kind kind, std::size_t start);
 
     std::shared_ptr<const TagMatcher> matcher_;
     std::uint64_t minStretchBytes_;

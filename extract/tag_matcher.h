@@ -38,6 +38,11 @@ public:
     /// The numbers of the batch's lines that may contain a tag, in their order: all that do, and perhaps
     /// others. Much faster than asking line by line. Valid as long as the scratch is not used again.
     const std::vector<std::uint32_t>& findCandidates(const LineBatch& batch, Scratch& scratch) const;
+    /// How many tags each of the candidates contains, if that is the same for all: they need not be counted.
+    /// Else 0.
+    std::size_t matchesOfCandidates() const noexcept {
+        return search_ && search_->isExact() ? otherTags_ : 0;
+    }
 
 private:
     using State = std::uint32_t;

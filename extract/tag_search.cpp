@@ -28,6 +28,7 @@ std::optional<TagSearch> TagSearch::of(std::u16string_view tag) {
     TagSearch search;
     search.beginning_ = foldedCase(tag.substr(0, longestBeginning));
     search.secondAt_ = tag.size() > 1 ? 1 : 0;
+    search.isExact_ = tag.size() <= longestBeginning;
     const std::optional<Forms> first = formsOf(search.beginning_[0]);
     const std::optional<Forms> second = formsOf(search.beginning_[search.secondAt_]);
     if (!first || !second)

@@ -24,6 +24,9 @@ public:
     /// few others. Linear in the lines, whatever the tag.
     void appendCandidates(const LineBatch& batch, std::vector<std::uint32_t>& lines) const;
 
+    /// True when the tag does occur in every line that appendCandidates appends.
+    bool isExact() const noexcept { return isExact_; }
+
 private:
     /// The bytes that a unit and its other letter cases narrow to (see UnitBlock); repeated when there are
     /// fewer.
@@ -37,6 +40,7 @@ private:
 
     std::u16string beginning_; ///< of the folded tag
     std::size_t secondAt_ = 0;
+    bool isExact_ = false;
     Forms first_{};
     Forms second_{};
 };
