@@ -41,7 +41,7 @@ public:
     /// How many tags each of the candidates contains, if that is the same for all: they need not be counted.
     /// Else 0.
     std::size_t matchesOfCandidates() const noexcept {
-        return search_ && search_->isExact() ? otherTags_ : 0;
+        return emptyTags_ == 0 && search_ && search_->isExact() ? otherTags_ : 0;
     }
 
 private:
