@@ -10,8 +10,6 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils app
 # To use the real program from outside: a display, a window manager, mouse and keys, the clipboard, pictures, the
 # accessibility bus.
 session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
-# To try the package on a bare machine.
-package_check_packages=(lintian debootstrap)
 # For continuous integration: another compiler, and a tool that counts instructions.
 gate_packages=(clang valgrind python3)
 

@@ -14,7 +14,6 @@ DEADLINE = 20  # seconds
 class Display:
     """`out` takes the pictures. The program finds a home folder of its own, `home`."""
     tools = ("Xvfb", "openbox", "xdotool", "xclip", "import")
-    clipboard_outlives = False  # the program, where there is no clipboard manager
 
     def __init__(self, command, out):
         self.command, self.out = command, out
@@ -39,7 +38,7 @@ class Display:
 
     def __exit__(self, kind, error, trace):
         if kind is not None:
-            self.picture("9-failure")
+            self.picture("failure")
         for process in ([self.process] if self.process else []) + self.servers[::-1]:
             process.terminate()
             try:
@@ -64,14 +63,15 @@ class Display:
         # By its code, 67: with the name some versions of xdotool press Alt as well.
         self.xdotool("key", *("67" if key == "F1" else key for key in keys))
 
-    def sees_end(self):
+    def close_by_keys(self, keys):
+        self.keys(keys)
         self.check("the program ends without an error", self.process.wait(DEADLINE) == 0)
         self.process = None
 
     def sees_nothing(self, *words):
         """A driver that cannot look at controls: what they hold shows in what is saved, their order in reaching them."""
 
-    sees_rows = sees_checked = sees_names = sees_nothing
+    sees_rows = sees_names = sees_nothing
 
     def native(self, path):
         """The path as the program shows it."""

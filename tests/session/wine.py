@@ -7,62 +7,27 @@ from display import Display
 from scenario import READING_ORDER
 
 KEYS = {"OK": "Return", "Yes": "alt+y", "No": "alt+n"}
-# Smoothed as on Windows, where single letters get lost otherwise, and in a family that Debian has.
-FONTS = r"""REGEDIT4
-
-[HKEY_CURRENT_USER\Control Panel\Desktop]
-"FontSmoothing"="2"
-"FontSmoothingType"=dword:00000002
-"FontSmoothingGamma"=dword:00000578
-"FontSmoothingOrientation"=dword:00000001
-
-[HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
-"Arial"="Liberation Sans"
-"Tahoma"="Liberation Sans"
-"""
 
 
 class WineProgram(Display):
-    clipboard_outlives = True
-
-    def __init__(self, wine, program, out):
-        super().__init__([wine, program], out)
-        self.wine = wine
-        # A prefix of its own: Wine decides with the first window whether there is a display. And a new one each time:
-        # it leads to folders below the home folder, and the file dialogs fail where those are gone.
-        self.prefix = os.path.join(self.home, "wine")
-        self.window, self.clicks = None, 0
+    window, clicks = None, 0
 
     def __enter__(self):
-        os.environ.update(WINEPREFIX=self.prefix, WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=")
+        # A prefix of its own: Wine decides with the first window whether there is a display. And a new one each time:
+        # it leads to folders below the home folder, and the file dialogs fail where those are gone.
+        os.environ.update(WINEPREFIX=self.home + "/wine", WINEDEBUG="-all", WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=")
         super().__enter__()
-        self.in_wine("wineboot.exe", "--init")
-        registry = os.path.join(self.home, "fonts.reg")
-        with open(registry, "w", encoding="utf-8") as file:
-            file.write(FONTS)
-        self.in_wine("regedit.exe", "/S", registry)
-        self.stop_wine()  # it reads the fonts when it starts
+        subprocess.run([self.command[0], "wineboot.exe", "--init"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                       check=True, timeout=120)
         return self
 
     def __exit__(self, kind, error, trace):
         if kind is not None:
-            self.picture("9-failure")
-        self.stop_wine()
-        super().__exit__(None, None, None)
-
-    def stop_wine(self):
-        server = os.path.join(os.path.dirname(os.path.realpath(self.wine)), "wineserver")
+            self.picture("failure")
+        server = os.path.join(os.path.dirname(os.path.realpath(self.command[0])), "wineserver")
         for what in ("--kill", "--wait"):
             subprocess.run([server, what], check=False, timeout=60)
-
-    def in_wine(self, *words):
-        subprocess.run([self.wine, *words], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=True, timeout=120)
-
-    @property
-    def settings(self):
-        users = os.path.join(self.prefix, "drive_c", "users")
-        user = next(name for name in os.listdir(users) if name != "Public")
-        return os.path.join(users, user, "AppData", "Local", "Tessaly", "Brindlewick.ini")
+        super().__exit__(None, None, None)
 
     def native(self, path):
         return "Z:" + path.replace("/", "\\")
@@ -91,13 +56,11 @@ class WineProgram(Display):
         self.focus(table)
         self.keys("Down", "Up")
 
-    def answer(self, text, button, picture=None, keep_clipboard=False):
+    def answer(self, text, button, keep_clipboard=False):
         """The message can be read only if what was copied before may be replaced."""
         self.expect("a message", self.dialog)
         if not keep_clipboard:
             self.expect(f"the message {text!r}", lambda: self.copied_message_holds(text))
-        if picture:
-            self.picture(picture)
         dialog = self.dialog()
 
         def is_gone():
@@ -105,13 +68,11 @@ class WineProgram(Display):
             return self.soon(lambda: self.dialog() != dialog)
         self.expect(button, is_gone)
 
-    def choose_file(self, path, picture=None):
+    def choose_file(self, path):
         dialog = self.expect("the file dialog", self.dialog)
         self.soon(lambda: False)  # its list of the folder's files comes up after its field
         self.xdotool("key", "ctrl+a")
         self.xdotool("type", "--delay", "5", self.native(path))
-        if picture:
-            self.picture(picture)
         self.xdotool("key", "Return")
         self.expect("the file dialog closes", lambda: dialog not in self.windows())
         # Under Wine the keys do not always go back to the window.
