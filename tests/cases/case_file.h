@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
+#include <regex>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,72 +32,40 @@ inline std::pair<std::string, std::string> cutAt(const std::string& text, std::s
     return {text.substr(0, at), text.substr(at + separator.size())};
 }
 
-/// The length of a group of bytes at the front, like <0D 0A>; 0 when there is none.
-inline std::size_t lengthOfByteGroup(std::string_view text) {
-    const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F'); };
-    std::size_t at = 0;
-    do {
-        if (text.size() < at + 4 || text[at] != (at == 0 ? '<' : ' ') || !isDigit(text[at + 1]) ||
-            !isDigit(text[at + 2]))
-            return 0;
-        at += 3;
-    } while (text[at] != '>');
-    return at + 1;
-}
-
-/// Writes out <TEXT*COUNT>, and leaves groups of bytes.
-inline std::string withRepeats(std::string_view text) {
+/// Writes out groups of bytes, <0D 0A>, and repetitions, <TEXT*COUNT>, which may hold such groups.
+inline std::string written(const std::string& text) {
+    static const std::regex special(R"(<([0-9A-F]{2}(?: [0-9A-F]{2})*)>|<([\s\S]+?)\*(\d+)>)");
     std::string all;
-    while (!text.empty()) {
-        std::size_t taken = text[0] == '<' ? lengthOfByteGroup(text) : 1;
-        std::size_t star = taken > 0 ? text.npos : text.find('*', 2);
-        for (; star != text.npos; star = text.find('*', star + 1)) {
-            const std::size_t end = text.find_first_not_of("0123456789", star + 1);
-            if (end == text.npos || end == star + 1 || text[end] != '>')
-                continue;
-            for (int count = std::stoi(std::string(text.substr(star + 1))); count > 0; --count)
-                all.append(text.substr(1, star - 1));
-            text.remove_prefix(end + 1);
-            break;
+    auto rest = text.begin();
+    for (std::sregex_iterator found(text.begin(), text.end(), special), last; found != last; ++found) {
+        const std::smatch& match = *found;
+        all.append(rest, match[0].first);
+        rest = match[0].second;
+        std::istringstream bytes(match[1]);
+        for (unsigned byte = 0; bytes >> std::hex >> byte;)
+            all += static_cast<char>(byte);
+        if (match[2].matched) {
+            const std::string repeated = written(match[2]);
+            for (int count = std::stoi(match[3]); count > 0; --count)
+                all += repeated;
         }
-        if (star != text.npos)
-            continue;
-        taken += taken == 0 ? 1 : 0; // a "<" that is just that
-        all.append(text.substr(0, taken));
-        text.remove_prefix(taken);
     }
-    return all;
-}
-
-/// Replaces groups of bytes by the bytes.
-inline std::string withBytes(std::string_view text) {
-    std::string all;
-    while (!text.empty()) {
-        const std::size_t length = lengthOfByteGroup(text);
-        for (std::size_t at = 1; at < length; at += 3)
-            all += static_cast<char>(std::stoi(std::string(text.substr(at, 2)), nullptr, 16));
-        if (length == 0)
-            all += text[0];
-        text.remove_prefix(length == 0 ? 1 : length);
-    }
-    return all;
-}
-
-inline std::string written(std::string_view text) {
-    return withBytes(withRepeats(text));
+    return all.append(rest, text.end());
 }
 
 /// What an outcome expects: the texts between its bars, none for "nothing", or the one text that it is.
-inline Texts cells(std::string_view outcome) {
+inline Texts cells(std::string outcome) {
     if (outcome == "nothing")
         return {};
     if (!outcome.starts_with('|'))
         return {written(outcome)};
+    std::replace(outcome.begin(), outcome.end(), '|', '\xFF'); // no byte of UTF-8; <7C> remains a bar
+    outcome = written(outcome);
+    EXPECT_TRUE(outcome.size() > 1 && outcome.ends_with('\xFF')) << "no bar at the end";
+    std::istringstream texts(outcome.substr(1));
     Texts all;
-    const std::string text = withRepeats(outcome);
-    EXPECT_TRUE(text.size() > 1 && text.ends_with('|')) << "no bar at the end";
-    for (std::size_t start = 1, bar; (bar = text.find('|', start)) != text.npos; start = bar + 1)
-        all.push_back(withBytes(std::string_view(text).substr(start, bar - start)));
+    for (std::string text; std::getline(texts, text, '\xFF');)
+        all.push_back(text);
     return all;
 }
 

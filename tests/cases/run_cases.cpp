@@ -3,7 +3,6 @@
 
 #include "core/json_parser.h"
 #include "core/json_serialiser.h"
-#include "core/line_reader.h"
 #include "core/text_file_reader.h"
 #include "extract/extraction_run.h"
 #include "lists/folder_rules.h"
@@ -31,38 +30,6 @@ Texts asUtf8(const std::vector<std::u16string>& texts) {
     for (const std::u16string& text : texts)
         all.push_back(toUtf8(text));
     return all;
-}
-
-/// What was read from a text, fragment by fragment.
-struct Reading {
-    Texts lines;
-    std::vector<std::int32_t> ends; ///< the position after each fragment
-    Texts problems;                 ///< the parser's error text of each call, the last one included
-};
-
-Reading readAsValues(std::u16string_view text) {
-    Reading reading;
-    JsonParser parser;
-    std::int32_t position = 1;
-    for (;;) {
-        const std::optional<JsonValue> fragment = parser.parse(text, position);
-        reading.problems.push_back(toUtf8(parser.parserErrors()));
-        if (!fragment)
-            return reading;
-        reading.lines.push_back(toUtf8(serialize(*fragment)));
-        reading.ends.push_back(position);
-    }
-}
-
-Reading readAsLines(std::u16string_view text) {
-    Reading reading;
-    LineReader reader;
-    std::size_t at = 0;
-    while (reader.next(text, at) == FragmentReading::line) {
-        reading.lines.push_back(toUtf8(reader.line()));
-        reading.ends.push_back(static_cast<std::int32_t>(at + 1));
-    }
-    return reading;
 }
 
 /// The lists and options of a run, and what the user saw of it.
@@ -105,10 +72,7 @@ struct Run {
     }
 };
 
-/// Text after a case; fragments that end far from the text's end are read in whole blocks.
-const std::u16string farEnd = u"\n" + std::u16string(600, u' ') + u"[\"the end\"]\n";
-
-/// Both readers, and the program as a whole: mode 3 gives the lines as rows.
+/// The values that are read, and the program as a whole: mode 3 gives the lines as rows.
 void checkFragments(const CaseLine& line) {
     auto [lines, rest] = cutAt(line.outcome, " !");
     Texts problems(cells(lines).size(), "");
@@ -121,13 +85,14 @@ void checkFragments(const CaseLine& line) {
         rest = more;
     }
     const std::u16string text = fromUtf8(line.input);
-    const Reading values = readAsValues(text);
-    const Reading direct = readAsLines(text);
-    EXPECT_EQ(values.lines, cells(lines));
-    EXPECT_EQ(values.problems, problems);
-    EXPECT_EQ(direct.lines, cells(lines));
-    EXPECT_EQ(direct.ends, values.ends);
-    EXPECT_EQ(readAsLines(text + farEnd).lines, readAsValues(text + farEnd).lines);
+    JsonParser parser;
+    std::int32_t position = 1;
+    for (std::size_t call = 0; call < problems.size(); ++call) {
+        const std::optional<JsonValue> fragment = parser.parse(text, position);
+        EXPECT_EQ(fragment ? toUtf8(serialize(*fragment)) : "the end",
+                  call + 1 < problems.size() ? cells(lines)[call] : "the end");
+        EXPECT_EQ(toUtf8(parser.parserErrors()), problems[call]);
+    }
     Run run;
     run.tags = {u""};
     run.add("\xEF\xBB\xBF" + line.input);
@@ -192,16 +157,6 @@ Texts entriesOfListFile(const std::string& bytes) {
     return asUtf8(list.texts());
 }
 
-/// Whether all the numbers, each a file's or folder's attributes, pass the rule, or none does.
-Texts verdict(const std::string& numbers, const std::function<bool(unsigned)>& rule) {
-    Texts all;
-    std::istringstream stream(numbers);
-    for (unsigned attributes = 0; stream >> attributes;)
-        all.emplace_back(rule(attributes) ? "taken" : "left out");
-    all.erase(std::unique(all.begin(), all.end()), all.end());
-    return all;
-}
-
 /// The sections in which a case is an input and the texts that it gives.
 const std::map<std::string, std::function<Texts(const std::string&)>> plainSections = {
     {"pieces",
@@ -219,26 +174,15 @@ const std::map<std::string, std::function<Texts(const std::string&)>> plainSecti
              paths.push_back(shownPath(path));
          return paths;
      }},
-    {"folder name",
-     [](const std::string& name) {
-         return Texts{isAcceptedFolderName(fromUtf8(name)) ? "taken" : "left out"};
+    {"entered folders",
+     [](const std::string& names) {
+         std::istringstream all(names);
+         Texts entered;
+         for (std::string name; std::getline(all, name, '\0');)
+             if (isAcceptedFolderName(fromUtf8(name)))
+                 entered.push_back(name);
+         return entered;
      }},
-    {"folder attributes",
-     [](const std::string& numbers) {
-         return verdict(numbers,
-                        [](unsigned attributes) { return attributesAllowEntering(attributes, false); });
-     }},
-    {"attributes of a root",
-     [](const std::string& numbers) {
-         return verdict(numbers,
-                        [](unsigned attributes) { return attributesAllowEntering(attributes, true); });
-     }},
-    {"file attributes",
-     [](const std::string& numbers) {
-         return verdict(numbers, [](unsigned attributes) { return isAcceptedFile({true, attributes}); });
-     }},
-    {"is a root",
-     [](const std::string& folder) { return Texts{isRootFolder(fromUtf8(folder)) ? "yes" : "no"}; }},
 };
 
 TEST(Cases, HaveTheirOutcomes) {

@@ -1,4 +1,5 @@
 // Scans of folder trees, as a drop makes them: order, exclusions, and folders that occur more than once.
+#include "lists/folder_rules.h"
 #include "lists/folder_scanner.h"
 #include "lists/scanned_tree.h"
 #include "support/own_separator.h"
@@ -33,6 +34,13 @@ TEST(Scan, ListsAHiddenFileThatIsReadOnly) {
     Tree tree({".a.json", ".b.json"});
     fs::permissions(tree.folder.path() / ".b.json", fs::perms::owner_read);
     EXPECT_EQ(tree.scan({"."}), Names{".b.json"});
+}
+
+TEST(Scan, EntersAProtectedFolderThatIsARootAlone) {
+    EXPECT_TRUE(isRootFolder(own(u"/")) && !isRootFolder(own(u"/a")));
+    for (const unsigned attributes : {22u, 1046u})
+        for (const bool isRoot : {false, true})
+            EXPECT_EQ(attributesAllowEntering(attributes, isRoot), isRoot);
 }
 
 TEST(Scan, DoesNotEnterAPathOf260CodeUnits) {
