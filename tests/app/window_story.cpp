@@ -4,31 +4,21 @@
 #include "app/system.h"
 
 #include <QApplication>
-#include <QBuffer>
+#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
-#include <QImage>
 #include <QInputDialog>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
-#include <QScreen>
 #include <QTimer>
 
 namespace brindlewick::testing {
 
 std::string utf8(std::u16string_view text) {
     return toQString(text).toStdString();
-}
-
-std::string png(int width, int height) {
-    QImage image(width, height, QImage::Format_ARGB32);
-    image.fill(Qt::red);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data().toStdString();
 }
 
 OwnSettings::OwnSettings() {
@@ -59,8 +49,6 @@ bool ScriptedPerson::eventFilter(QObject* object, QEvent* event) {
 }
 
 void ScriptedPerson::note(const QDialog& dialog, const QStringList& buttons) {
-    const QSize screen = dialog.screen()->availableSize();
-    EXPECT_TRUE(dialog.width() <= screen.width() && dialog.height() <= screen.height());
     QString line = dialog.windowTitle();
     if (const auto* const browser = qobject_cast<const QFileDialog*>(&dialog)) {
         line += ": " + browser->nameFilters().join(", ");
@@ -69,9 +57,6 @@ void ScriptedPerson::note(const QDialog& dialog, const QStringList& buttons) {
         line += ": " + input->labelText() + " =" + input->textValue();
     } else if (const auto* const box = qobject_cast<const QMessageBox*>(&dialog)) {
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
-        const auto* const label = box->findChild<QLabel*>("qt_msgbox_label");
-        for (const QString& word : box->text().split(QRegularExpression("\\s")))
-            EXPECT_LE(label->fontMetrics().horizontalAdvance(word), label->width()) << "cut off";
         line += (box->icon() == QMessageBox::Warning ? " (!): " : ": ") + box->text();
         line += " [" + buttons.join(u',') + "]";
     } else if (const auto* const scrolling = dialog.findChild<QPlainTextEdit*>()) {
@@ -143,6 +128,15 @@ void WindowStory::fill(const std::vector<std::u16string>& inputs, const std::vec
     QCoreApplication::processEvents();
 }
 
+void WindowStory::run(int count) {
+    std::string records;
+    for (int record = 0; record < count; ++record)
+        records += "{\"n\":" + std::to_string(record) + "}\n";
+    fill({folder.write("f.json", records)}, {u"n"});
+    click("Start Extracting");
+    EXPECT_THAT(person.shown(), ElementsAre(done));
+}
+
 void WindowStory::click(const std::string& caption) {
     for (auto* button : window->findChildren<QAbstractButton*>())
         if (button->text().trimmed().toStdString() == caption ||
@@ -168,6 +162,17 @@ void WindowStory::clickRow(RowsView* list, int row, Qt::KeyboardModifiers modifi
 
 QPoint WindowStory::rowCentre(const RowsView* list, int row) {
     return list->visualRect(list->model()->index(row, 0)).center();
+}
+
+std::string WindowStory::choose(RowsView* list, const char* item) {
+    QContextMenuEvent open(QContextMenuEvent::Keyboard, {}, {}, {});
+    QApplication::sendEvent(list, &open);
+    const std::unique_ptr<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
+    std::string chosen;
+    for (QAction* action : menu != nullptr ? menu->actions() : QList<QAction*>())
+        if (action->text().section('\t', 0, 0) == item && action->isEnabled())
+            chosen = item, action->trigger();
+    return chosen;
 }
 
 bool WindowStory::inTheMiddleOf(const char* button, const std::function<void()>& meanwhile) {
@@ -204,6 +209,17 @@ std::string WindowStory::headers(const RowsView* list) {
 
 std::string WindowStory::status() {
     return window->findChild<QLabel*>("progressLabel")->text().toStdString();
+}
+
+std::string WindowStory::ticks() {
+    std::string marks;
+    for (std::size_t row = 0; row < window->results().rowCount(); ++row)
+        marks += window->results().isChecked(row) ? 'x' : '-';
+    return marks;
+}
+
+std::string WindowStory::copied() {
+    return QGuiApplication::clipboard()->text().remove('\r').replace('\t', '|').toStdString();
 }
 
 int WindowStory::mode() {

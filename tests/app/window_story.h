@@ -24,8 +24,6 @@ using ::testing::IsEmpty;
 using Texts = std::vector<std::string>;
 
 std::string utf8(std::u16string_view text);
-/// A picture as the bytes of a file.
-std::string png(int width, int height);
 
 /// Settings of a test's own.
 struct OwnSettings : ::testing::Test {
@@ -69,12 +67,16 @@ struct WindowStory : OwnSettings {
     void open();
     /// Adds to the lists what is otherwise chosen in dialogs.
     void fill(const std::vector<std::u16string>& inputs, const std::vector<std::u16string>& words);
+    /// Makes a table of so many rows, from the file "f.json" and the tag "n": 0, 1 ...
+    void run(int count);
     /// Presses the button of this caption or, where captions are alike, of this accessible name.
     void click(const std::string& caption);
     /// Presses a key where the focus is, or in a list.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}, RowsView* list = nullptr);
     static void clickRow(RowsView* list, int row, Qt::KeyboardModifiers modifiers = {});
     static QPoint rowCentre(const RowsView* list, int row);
+    /// Opens a list's menu by a key and chooses an item. Empty if it cannot be chosen.
+    static std::string choose(RowsView* list, const char* item);
     /// Presses the button and calls `meanwhile` once in the middle of its operation. False if it has none.
     bool inTheMiddleOf(const char* button, const std::function<void()>& meanwhile);
 
@@ -86,6 +88,10 @@ struct WindowStory : OwnSettings {
     static std::string headers(const RowsView* list);
     /// The line at the window's foot.
     std::string status();
+    /// "x" for each result that is ticked, "-" for the others.
+    std::string ticks();
+    /// The clipboard's text, with "|" for a tab and without CRs.
+    static std::string copied();
     /// The mode that is selected, 0 for none.
     int mode();
 
