@@ -63,7 +63,7 @@ void LineBatchReader::readMoreText() {
 
 void LineBatchReader::lookForCutAfter(std::uint64_t cut) {
     if (cut < lastCut_)
-        file_.breakAtCommaFrom(file_.file()->textStart + (cut + 1) * cutDistance_);
+        file_.breakAtSeparatorFrom(file_.file()->textStart + (cut + 1) * cutDistance_);
 }
 
 void LineBatchReader::noteCut() {

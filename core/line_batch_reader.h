@@ -43,7 +43,7 @@ public:
     /// Valid until the next call.
     LineBatch batch() const noexcept { return lines_.batch(); }
 
-    // Places, in text with a UTF-8 mark. Cut number k is at the first "," at or after the byte k times
+    // Places, in text with a UTF-8 mark. Cut number k is at the first separator at or after the byte k times
     // `cutDistance` from the text's beginning, if there is one before the next multiple.
 
     /// Makes the cuts up to number `lastCut` known. Reading is at `place`, with the file's reader at the

@@ -15,6 +15,7 @@ using namespace std::string_view_literals;
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF"sv;
 constexpr std::string_view utf16LittleEndianMark = "\xFF\xFE"sv;
 constexpr std::size_t bufferLength = pieceLength * 2;      // bytes: the units of a UTF-16 piece
+constexpr std::size_t maxSeparatorLook = 32;               // bytes after a comma
 constexpr std::size_t utf8StretchLength = pieceLength / 2; // bytes; small enough to stay in the cache
 
 /// How many of the bytes can be decoded before the next ones are known: all but a character cut short at the
@@ -31,6 +32,23 @@ std::size_t completeUtf8Length(std::string_view bytes) {
             break;
     }
     return bytes.size();
+}
+
+/// A "," that most likely separates members or elements. In running text a blank and a letter follow one.
+bool isSeparator(std::string_view bytes, std::size_t comma) {
+    const std::string_view next = bytes.substr(comma + 1, maxSeparatorLook);
+    const std::size_t first = next.find_first_not_of(' ');
+    return first == 0 || (first != std::string_view::npos &&
+                          std::string_view("\"{[\r\n").find(next[first]) != std::string_view::npos);
+}
+
+/// The first separator from `from` on and before `to`, else `to`. `bytes` has maxSeparatorLook more after it,
+/// or all.
+std::size_t findSeparator(std::string_view bytes, std::size_t from, std::size_t to) {
+    for (std::size_t comma = bytes.find(',', from); comma < to; comma = bytes.find(',', comma + 1))
+        if (isSeparator(bytes, comma))
+            return comma;
+    return to;
 }
 
 void decodeUtf16(std::string_view bytes, char16_t* target) {
@@ -83,15 +101,16 @@ void TextFileReader::start(std::shared_ptr<const TextFile> file, std::uint64_t o
     isAtBreak_ = false;
 }
 
-bool TextFileReader::skipToComma(std::uint64_t to) {
+bool TextFileReader::skipToSeparator(std::uint64_t to) {
     for (;;) {
-        fillBuffer(1);
+        fillBuffer(maxSeparatorLook + 1);
         const std::string_view bytes = buffered();
-        const std::size_t comma = bytes.find(',');
-        begin_ += std::min(comma, bytes.size());
-        if (offset() >= to || bytes.empty())
+        const std::size_t end = bytes.size() - (atEnd_ ? 0 : maxSeparatorLook);
+        const std::size_t separator = findSeparator(bytes, 0, end);
+        begin_ += separator;
+        if (offset() >= to || (atEnd_ && separator == end))
             return false;
-        if (comma != std::string_view::npos)
+        if (separator != end)
             return true;
     }
 }
@@ -120,7 +139,7 @@ bool TextFileReader::readMore(UnitBuffer& text) {
 }
 
 void TextFileReader::ReadUtf8Stream(UnitBuffer& text) {
-    fillBuffer(utf8StretchLength);
+    fillBuffer(utf8StretchLength + maxSeparatorLook);
     std::string_view bytes = buffered().substr(0, utf8StretchLength);
     const bool isLast = atEnd_ && bytes.size() == buffered().size();
     if (!isLast)
@@ -128,8 +147,9 @@ void TextFileReader::ReadUtf8Stream(UnitBuffer& text) {
     isAtBreak_ = false;
     if (offset() + bytes.size() > breakFrom_) {
         const std::size_t from = breakFrom_ > offset() ? static_cast<std::size_t>(breakFrom_ - offset()) : 0;
-        if (const std::size_t comma = bytes.find(',', from); comma != std::string_view::npos) {
-            bytes = bytes.substr(0, comma);
+        if (const std::size_t separator = findSeparator(buffered(), from, bytes.size());
+            separator < bytes.size()) {
+            bytes = bytes.substr(0, separator);
             breakFrom_ = never;
             isAtBreak_ = true;
         }

@@ -68,13 +68,14 @@ public:
     /// Of the next byte to be decoded, from the file's beginning.
     std::uint64_t offset() const noexcept { return bufferOffset_ + begin_; }
 
-    /// In text with a UTF-8 mark: readMore stops, once, before the first "," at or after the byte `from`. A
-    /// comma is a character by itself, so text can be decoded from there as well.
-    void breakAtCommaFrom(std::uint64_t from) noexcept { breakFrom_ = from; }
-    /// True when the next byte to be decoded is the comma that breakAtCommaFrom asked for.
+    /// In text with a UTF-8 mark: readMore stops, once, before the first separator at or after the byte
+    /// `from`. That is a "," which a quote, a bracket, a line end or no blank follows, so that most commas in
+    /// running text are none. A comma is a character by itself, so text can be decoded from there as well.
+    void breakAtSeparatorFrom(std::uint64_t from) noexcept { breakFrom_ = from; }
+    /// True when the next byte to be decoded is the separator that breakAtSeparatorFrom asked for.
     bool isAtBreak() const noexcept { return isAtBreak_; }
-    /// Moves to the first "," at or after the offset at hand; false when there is none before `to`.
-    bool skipToComma(std::uint64_t to);
+    /// Moves to the first separator at or after the offset at hand; false when there is none before `to`.
+    bool skipToSeparator(std::uint64_t to);
 
 private:
     static constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();

@@ -129,7 +129,7 @@ void StretchReader::readMarked(Stretch& stretch, StretchLines& read) {
     if (number > 0 || stretch.isAgain) {
         const std::uint64_t from = stretch.file->textStart + number * bytes;
         file.start(stretch.file, from);
-        if (number > 0 && !file.skipToComma(from + bytes)) {
+        if (number > 0 && !file.skipToSeparator(from + bytes)) {
             if (stretch.begin) // the cut has gone: the file has been changed
                 throw Failure(FailureNumber::deviceIoError);
             return; // without a cut, the reading before goes on past this stretch

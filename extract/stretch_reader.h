@@ -25,10 +25,10 @@ inline constexpr TextPlace textEnd{std::numeric_limits<std::uint64_t>::max(), 0}
 ///
 /// A file without a UTF-8 mark is divided between pieces, so its stretches are independent. A marked file is
 /// one piece. What a fragment is depends on nothing but the text and the place where its reading starts. So a
-/// stretch may be read from a cut, a "," where a fragment often starts, before it is known whether one does.
-/// The reading of the stretch before goes on past the cut for a few fragments: if it arrives at a place where
-/// the other reading starts a fragment too, all that follows is the same. If it does not, the stretch is read
-/// once more, from the right place.
+/// stretch may be read from a cut, a "," where a fragment most likely starts, before it is known whether one
+/// does. The reading of the stretch before goes on past the cut for a few fragments: if it arrives at a place
+/// where the other reading starts a fragment too, all that follows is the same. If it does not, the stretch
+/// is read once more, from the right place.
 class FileStretches {
 public:
     FileStretches(const TextFile& file, std::uint64_t minBytes);
