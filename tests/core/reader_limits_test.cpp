@@ -1,14 +1,13 @@
-// What cases/*.cases cannot hold: deep nesting, many keys, members of every length, values that no text
-// gives.
+// What cases/*.cases cannot hold: deep nesting, many keys, members of every length, numbers as settings hold
+// them.
 #include "core/decimal_number.h"
 #include "core/json_parser.h"
 #include "core/json_serialiser.h"
 #include "core/line_reader.h"
 #include "core/text_file_reader.h"
+#include "platform/failure.h"
 #include "platform/native_path.h"
 #include "platform/text_encoding.h"
-#include "support/failure_of.h"
-#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -90,36 +89,6 @@ TEST(Readers, AgreeOnForeignFiles) {
                 lines += firstLineOfBoth(piece).empty() ? 0 : 1;
             }
     EXPECT_GT(lines, 0U) << folder;
-}
-
-TEST(TextFileReader, FailsOnWhatIsNoReadableFile) {
-    const testing::TemporaryFolder folder;
-    const auto failureOfReading = [](std::u16string_view path) {
-        return testing::failureOf([&] { ReadFileToPieces(path); });
-    };
-    EXPECT_EQ(failureOfReading(folder.text("missing")), FailureNumber::fileNotFound);
-    EXPECT_EQ(failureOfReading(folder.text("no folder/file")), FailureNumber::pathNotFound);
-    EXPECT_EQ(failureOfReading(folder.text()), FailureNumber::permissionDenied);
-}
-
-TEST(Serialize, WritesAMissingArrayAsNothing) {
-    auto object = std::make_shared<JsonObject>();
-    EXPECT_TRUE(object->add(u"a", std::shared_ptr<JsonArray>()));
-    EXPECT_EQ(serialize(object), u"{\"a\":}");
-}
-
-TEST(SerializeNativeArray, FindsSingleDigitIndexesOfOneDimensionAlone) {
-    const auto textOf = [](NativeArray array, std::size_t elements) {
-        for (std::size_t element = 0; element < elements; ++element)
-            array.elements.emplace_back(std::u16string(1, static_cast<char16_t>(u'a' + element)));
-        std::u16string path;
-        return toUtf8(serializeNativeArray(array, 1, u"", path));
-    };
-    EXPECT_EQ(textOf({{{0, 2}}, {}}, 3), R"(["a","b","c"])");
-    EXPECT_EQ(textOf({{{8, 11}}, {}}, 4), R"(["a","b",,])");
-    EXPECT_EQ(textOf({{{-1, 1}}, {}}, 3), R"([,"b","c"])");
-    EXPECT_EQ(textOf({{{0, 1}, {0, 1}}, {}}, 4), "[[,],[,]]");
-    EXPECT_EQ(textOf({{{0, -1}}, {}}, 0), "[]");
 }
 
 TEST(DecimalAsInteger, RoundsHalfToEvenAndChecksTheRange) {

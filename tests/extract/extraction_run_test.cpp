@@ -38,15 +38,6 @@ protected:
     ResultsTable table;
 };
 
-TEST_F(Run, WithoutFilesLeavesTheTableAsItWas) {
-    table.setColumns(true);
-    table.beginFile(u"f");
-    table.appendRow(table.store(u"old"), true);
-    extract(ExtractionMode::all);
-    EXPECT_EQ(user.takeTranscript(), "message: No files added.\n");
-    EXPECT_EQ(table.rowCount(), 1U);
-}
-
 TEST_F(Run, ReadsTheFlagForEveryRow) {
     add(R"({"a":"x"} )");
     add(R"({"b":"y"} )");

@@ -5,20 +5,6 @@
 namespace brindlewick {
 namespace {
 
-TEST(ResultsTable, HasTheColumnsOfItsLayout) {
-    ResultsTable table;
-    table.setColumns(true);
-    ASSERT_EQ(table.columns().size(), 2U);
-    EXPECT_EQ(table.columns()[0].caption, u"Filename");
-    EXPECT_EQ(table.columns()[1].caption, u"Results");
-    EXPECT_EQ(table.columns()[1].widthInTwips, 3500);
-    table.setColumns(false);
-    ASSERT_EQ(table.columns().size(), 1U);
-    EXPECT_EQ(table.columns()[0].widthInTwips, 7000);
-    table.clearAll();
-    EXPECT_TRUE(table.columns().empty());
-}
-
 TEST(ResultsTable, KeepsEveryTextAcrossItsBlocks) {
     ResultsTable table;
     table.setColumns(true);
@@ -49,29 +35,6 @@ TEST(ResultsTable, KeepsEveryTextAcrossItsBlocks) {
     table.clearRows();
     EXPECT_EQ(table.rowCount(), 0U);
     EXPECT_EQ(table.columns().size(), 2U);
-}
-
-TEST(ResultsTable, GivesClearedRowsBackUntilTheNextRun) {
-    UndoList undoList;
-    ResultsTable table(&undoList);
-    const auto fill = [&] {
-        table.clearAll();
-        table.setColumns(false);
-        table.beginFile(u"f");
-        table.appendRow(table.store(u"a"), false);
-        table.setChecked(0, false);
-        table.clearRows();
-        table.clearRows(); // changes nothing
-    };
-    fill();
-    EXPECT_TRUE(undoList.undoStep());
-    ASSERT_EQ(table.rowCount(), 1U);
-    EXPECT_EQ(table.cell(0, 0), u"a");
-    EXPECT_FALSE(table.isChecked(0));
-    fill();
-    table.clearAll();
-    EXPECT_FALSE(undoList.undoStep());
-    EXPECT_EQ(table.rowCount(), 0U);
 }
 
 } // namespace
