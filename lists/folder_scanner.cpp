@@ -5,7 +5,6 @@
 #include "platform/files.h"
 #include "platform/letter_case.h"
 #include "platform/native_path.h"
-#include "platform/text.h"
 
 #include <string>
 #include <utility>
@@ -109,6 +108,12 @@ const std::vector<std::u16string>& FolderCollection::acceptedFiles(std::size_t p
 FolderCollection::FolderId FolderCollection::idOf(std::u16string path, unsigned attributes) {
     if (const auto known = idOfPath_.find(path); known != idOfPath_.end())
         return known->second;
+    if (attributes == attribute::linkedFolder)
+        ++leftOut_.links;
+    else if (attributes == attribute::protectedFolder)
+        ++leftOut_.systemFolders;
+    else if (path.size() >= folderPathLimit)
+        ++leftOut_.longPaths;
     const auto id = static_cast<FolderId>(folders_.size());
     folders_.push_back({});
     folders_.back().path = std::move(path);
@@ -126,7 +131,7 @@ bool FolderCollection::isEntered(FolderId id) const {
 /// Appends the folder's subfolders to `below`; false when the folder cannot be read.
 bool FolderCollection::examine(FolderId id, Order& below, UserInterface& user) {
     Folder& folder = folders_[id];
-    user.showProgress(u"Scanning " + folder.path + u": " + fileCountText(fileNamesFound_), 0, 0);
+    user.showProgress(scanProgress(u"Scanning", fileNamesFound_, folder.path), 0, 0);
     user.yield();
     if (!isEntered(id) || folder.path.size() >= folderPathLimit)
         return true;
@@ -147,6 +152,7 @@ void FolderCollection::list(Folder& folder) {
         entries = listFolder(folder.path);
     } catch (const Failure& failure) {
         listingFailure = failure.number();
+        leftOut_.unreadable += isIgnored(failure.number()) ? 1 : 0;
     }
     Order subfolders;
     std::vector<std::u16string> fileNames;
@@ -154,6 +160,8 @@ void FolderCollection::list(Folder& folder) {
         if (entry.isFolder) {
             if (isAcceptedFolderName(entry.name))
                 subfolders.push_back(idOf(withSeparator(folder.path + entry.name), entry.folderAttributes));
+            else
+                ++leftOut_.byName;
         } else if (!isTemporaryCopy(entry.name) && matchesPattern(entry.name, filePattern_)) {
             fileNames.push_back(std::move(entry.name));
         }
@@ -163,10 +171,6 @@ void FolderCollection::list(Folder& folder) {
     folder.fileNames = std::move(fileNames);
     folder.failure = listingFailure;
     folder.isListed = true;
-}
-
-std::u16string fileCountText(std::uint64_t count) {
-    return decimalText(count) + (count == 1 ? u" file" : u" files");
 }
 
 } // namespace brindlewick

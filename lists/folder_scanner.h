@@ -1,6 +1,7 @@
 // The scan of a folder tree: its folders, breadth first, and the files in them.
 #pragma once
 
+#include "lists/list_summaries.h"
 #include "platform/failure.h"
 #include "platform/user_interface.h"
 
@@ -52,6 +53,9 @@ public:
     /// folder are dropped.
     [[nodiscard]] const std::vector<std::u16string>& acceptedFiles(std::size_t position, UserInterface& user);
 
+    /// What the walks so far have left out. Each folder counts once.
+    [[nodiscard]] const LeftOut& leftOut() const noexcept { return leftOut_; }
+
 private:
     friend void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse);
 
@@ -80,6 +84,7 @@ private:
     Order order_;
     std::uint64_t fileNamesFound_ = 0;
     bool walkIsStopped_ = false;
+    LeftOut leftOut_;
 };
 
 /// Walks the folders of the collection, breadth first: appends their accepted subfolders in order, then (with
@@ -89,8 +94,5 @@ private:
 /// subfolder. When the user stops it, the folders that were found are
 /// in the collection. Reports its own failures. Not recursive; linear in the resulting collection.
 void GetSubDirectories2016(UserInterface& user, FolderCollection& folders, bool recurse);
-
-/// "1 file", "1000 files".
-[[nodiscard]] std::u16string fileCountText(std::uint64_t count);
 
 } // namespace brindlewick

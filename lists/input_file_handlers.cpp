@@ -32,10 +32,14 @@ std::uint64_t appendFilesOfTree(UserInterface& user, const Guard& guard, FolderC
                 inputFiles.append(CollapseDoubledBackslashes(folders[position] + name));
                 ++added;
             }
-            user.showProgress(u"Scanning " + folders[position] + u": " + fileCountText(added), 0, 0);
+            user.showProgress(scanProgress(u"Adding", added, folders[position]), 0, 0);
         });
     }
     return added;
+}
+
+LeftOut leftOutBy(const std::optional<FolderCollection>& scan) {
+    return scan ? scan->leftOut() : LeftOut();
 }
 
 } // namespace
@@ -49,10 +53,14 @@ void InputFileHandlers::PushButton1_Click() {
         guard([&] { user_.showMessage(tooManyFilesMessage); });
         return;
     }
+    if (selection.empty())
+        return;
+    const std::size_t before = inputFiles_.size();
     guard([&] {
         for (std::u16string& path : pathsOfSelection(selection))
             inputFiles_.append(std::move(path));
     });
+    guard([&] { user_.endProgress(filesAddedText(inputFiles_, before)); });
 }
 
 // "Add All JSON Files In Folder"
@@ -75,13 +83,13 @@ void InputFileHandlers::PushButton5_Click() {
     guard([&] { settings_.SaveSetting(u"LastFolder", folder); });
 
     std::uint64_t added = 0;
+    std::optional<FolderCollection> folders;
     BusyScope busy(user_, guard);
     guard([&] {
-        FolderCollection folders(u"*." + answer);
-        folders.addStartFolder(folder);
-        added = appendFilesOfTree(user_, guard, folders, inputFiles_);
+        folders.emplace(u"*." + answer).addStartFolder(folder);
+        added = appendFilesOfTree(user_, guard, *folders, inputFiles_);
     });
-    busy.end([&] { return fileCountText(added) + u" added"; });
+    busy.end([&] { return scanSummary(added, leftOutBy(folders)); });
 }
 
 // "Load JSON Files From Text File"
@@ -92,8 +100,12 @@ void InputFileHandlers::PushButton16_Click() {
     guard([&] {
         paths = pathsOfSelection(user_.chooseFilesToOpen({addFilesTitle, u"All Files (*.*)|*.*|"}));
     });
+    if (paths.empty())
+        return;
+    const std::size_t before = inputFiles_.size();
     for (const std::u16string& path : paths)
         guard([&] { ReadListFile(user_, path, inputFiles_); });
+    guard([&] { user_.endProgress(filesAddedText(inputFiles_, before)); });
 }
 
 // "Clear List"
@@ -133,8 +145,11 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
             added += appendFilesOfTree(user_, guard, *folders, inputFiles_);
         });
     }
+    const auto summary = [&] { return scanSummary(added, leftOutBy(folders)); };
     if (busy)
-        busy->end([&] { return fileCountText(added) + u" added"; });
+        busy->end(summary);
+    else if (!user_.isBusy())
+        guard([&] { user_.endProgress(summary()); });
 }
 
 } // namespace brindlewick

@@ -1,6 +1,7 @@
 #include "lists/tag_handlers.h"
 
 #include "lists/list_file.h"
+#include "lists/list_summaries.h"
 #include "lists/listed_paths.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
@@ -24,8 +25,11 @@ void TagHandlers::PushButton3_Click(std::u16string_view typed) {
     const Guard guard(user_, u"Form1.PushButton3_Click");
     std::u16string tag;
     guard([&] { tag = user_.askText(u"Enter tag to add: ", typed, ProposedAnswer::isContinued); });
-    if (!tag.empty())
-        guard([&] { tags_.append(std::move(tag)); });
+    if (tag.empty())
+        return;
+    const std::size_t before = tags_.size();
+    guard([&] { tags_.append(std::move(tag)); });
+    guard([&] { user_.endProgress(tagsAddedText(tags_, before)); });
 }
 
 // "Load Tags From Text File"
@@ -37,8 +41,12 @@ void TagHandlers::PushButton4_Click() {
             user_.chooseFilesToOpen({u"Load List(s) - Hold Ctrl to select multiple list files",
                                      u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|"}));
     });
+    if (paths.empty())
+        return;
+    const std::size_t before = tags_.size();
     for (const std::u16string& path : paths)
         guard([&] { ReadListFile(user_, path, tags_); });
+    guard([&] { user_.endProgress(tagsAddedText(tags_, before)); });
 }
 
 // "Delete Selected Tag"

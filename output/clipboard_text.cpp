@@ -66,7 +66,7 @@ ClipboardText clipboardText(UserInterface& user, const ListviewTable& table) {
     if (table.columnCount() == 0)
         return copy;
     const std::vector<std::size_t> widths = paddedWidths(user, table);
-    ExportProgress progress(user, u"Copying rows");
+    ExportProgress progress(user, u"Copying");
     copy.text.reserve(textLength(user, table, widths));
     for (std::size_t row = 0; row < table.rowCount() && !user.isStopRequested(); ++row) {
         if (table.isChecked(row)) {

@@ -19,8 +19,13 @@ void ExportProgress::begin() {
 }
 
 void ExportProgress::showRow(std::size_t row, std::size_t rowCount) {
-    if (row % rowsBetweenReports == 0)
-        user_.showProgress(doing_, row, rowCount);
+    if (row % rowsBetweenReports != 0)
+        return;
+    std::u16string text(doing_);
+    text.append(u" row ").append(groupedText(row)).append(u" of ").append(groupedText(rowCount));
+    if (!path_.empty())
+        text.append(u": ").append(path_);
+    user_.showProgress(text, row, rowCount);
 }
 
 void ExportProgress::indicateRow(std::size_t row, std::size_t rowCount) {
@@ -51,8 +56,21 @@ void ExportProgress::setFinal(int value, std::u16string_view caption) {
     indicator_->setCaption(caption);
 }
 
-std::u16string rowsDone(std::size_t rows, std::u16string_view done) {
-    return decimalText(rows).append(rows == 1 ? u" row " : u" rows ").append(done);
+std::u16string exportSummary(const ExportOutcome& outcome, std::u16string_view done) {
+    const auto& [tableRows, takenRows, untickedRows, replacedCharacters] = outcome;
+    if (untickedRows == tableRows)
+        return std::u16string(u"No rows ")
+            .append(done)
+            .append(tableRows == 0 ? u" because there are none" : u" because none is ticked");
+    std::u16string rows = countText(takenRows, u"row", u"rows");
+    if (takenRows + untickedRows < tableRows)
+        rows = groupedText(takenRows) + u" of " + countText(tableRows, u"row", u"rows");
+    return joinedClauses({
+        rows.append(u" ").append(done),
+        unlessNone(untickedRows, u"row left out because it is not ticked",
+                   u"rows left out because they are not ticked"),
+        unlessNone(replacedCharacters, u"character written as \"?\"", u"characters written as \"?\""),
+    });
 }
 
 } // namespace brindlewick

@@ -4,6 +4,7 @@
 #include "platform/user_interface.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,9 @@ public:
 /// Rows count from 1. Everything but `showRow` concerns the indicator and does nothing without one.
 class ExportProgress {
 public:
-    /// `doing` ("Writing rows") is the text on the status bar. `indicator` may be null. Its value changes
-    /// with the rows; with `setsFinalValue` also at the end and after a failure. All must outlive the object.
+    /// `doing` ("Writing") begins the text on the status bar, which ends with the path. `indicator` may be
+    /// null. Its value changes with the rows; with `setsFinalValue` also at the end and after a failure. All
+    /// must outlive the object.
     ExportProgress(UserInterface& user, std::u16string_view doing, ProgressIndicator* indicator = nullptr,
                    std::u16string_view path = {}, bool setsFinalValue = false) noexcept
         : user_(user), doing_(doing), indicator_(indicator), path_(path), setsFinalValue_(setsFinalValue) {}
@@ -50,7 +52,16 @@ private:
     bool setsFinalValue_;
 };
 
-/// "1 row written", "12 rows copied".
-[[nodiscard]] std::u16string rowsDone(std::size_t rows, std::u16string_view done);
+/// What an export, or the copy, has done.
+struct ExportOutcome {
+    std::size_t tableRows = 0;
+    std::size_t takenRows = 0;
+    std::size_t untickedRows = 0; ///< left out
+    std::uint64_t replacedCharacters = 0;
+};
+
+/// The text for the status bar: "28 rows written; 3 rows left out because they are not ticked". `done` is
+/// "written" or "copied".
+[[nodiscard]] std::u16string exportSummary(const ExportOutcome& outcome, std::u16string_view done);
 
 } // namespace brindlewick

@@ -42,8 +42,11 @@ void OutputHandlers::PushButton11_Click() {
         busy.end([] { return u"nothing was copied"; });
         return;
     }
-    busy.end(
-        [&]() -> std::u16string { return isCopied ? rowsDone(rows, u"copied") : u"Nothing was copied"; });
+    busy.end([&]() -> std::u16string {
+        const std::size_t tableRows = table_.rowCount();
+        return isCopied ? exportSummary({tableRows, rows, tableRows - rows}, u"copied")
+                        : u"Nothing was copied";
+    });
     guard([&] { user_.showMessage(copiedMessage); });
 }
 

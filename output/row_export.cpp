@@ -24,7 +24,7 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
     const RowFormat::Rules rules = format.rules();
     const Guard guard(user, rules.routine);
     BusyScope busy(user, guard);
-    ExportProgress progress(user, u"Writing rows", indicator, path, rules.setsFinalValue);
+    ExportProgress progress(user, u"Writing", indicator, path, rules.setsFinalValue);
     bool hasFailed = false;
     // A step that fails resets the indicator before it is reported.
     const auto step = [&](const auto& action, std::uint_least32_t line = __builtin_LINE()) {
@@ -59,7 +59,7 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
     });
 
     const std::size_t rows = table.rowCount();
-    std::size_t written = 0;
+    ExportOutcome outcome{.tableRows = rows};
     for (std::size_t row = 0; row < rows && !user.isStopRequested(); ++row) {
         bool isIncluded = false;
         step([&] {
@@ -67,15 +67,17 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
             progress.showRow(row + 1, rows);
             isIncluded = rules.takesUncheckedRows || (row < table.rowCount() && table.isChecked(row));
         });
-        if (!isIncluded)
+        if (!isIncluded) {
+            outcome.untickedRows += row < table.rowCount() ? 1 : 0;
             continue;
+        }
         if (rules.indicatesBeforeWriting)
             step([&] { progress.indicateRow(row + 1, rows); });
         step([&] {
             if (!file || row >= table.rowCount()) // the table became shorter while events were handled
                 return;
             format.writeRow(*file, table, row);
-            ++written;
+            ++outcome.takenRows;
         });
         if (!rules.indicatesBeforeWriting)
             step([&] { progress.indicateRow(row + 1, rows); });
@@ -83,14 +85,13 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
 
     step([&] { progress.finish(); });
     step([&] {
-        if (file)
+        if (file) {
+            outcome.replacedCharacters = file->replacedCharacters();
             file->close();
+        }
     });
     busy.end([&]() -> std::u16string {
-        if (hasFailed)
-            return u"Not all rows were written";
-        return user.isStopRequested() ? decimalText(written) + u" of " + rowsDone(rows, u"written")
-                                      : rowsDone(written, u"written");
+        return hasFailed ? u"Not all rows were written" : exportSummary(outcome, u"written");
     });
 }
 

@@ -12,7 +12,8 @@
 namespace brindlewick {
 
 /// The user interface is busy while a scope exists. Scopes nest, because a drop is accepted during another
-/// operation; only the outermost one changes the pointer and withdraws an earlier request to stop.
+/// operation; only the outermost one changes the pointer, shows its summary and withdraws an earlier request
+/// to stop.
 ///
 ///     BusyScope busy(user, guard);
 ///     guard([&] { user.showProgress(text, done, total); });
@@ -33,12 +34,14 @@ public:
     BusyScope(const BusyScope&) = delete;
     BusyScope& operator=(const BusyScope&) = delete;
 
-    /// Ends the operation, then ends the display of progress with the text that `summary` returns, after
+    /// Ends the operation, then the display of progress with the text that `summary` returns, after
     /// "Stopped: " if the user has stopped the operation. To be called at most once.
     template <class Summary>
     void end(Summary&& summary, std::uint_least32_t line = __builtin_LINE()) {
         line_ = line;
         leave();
+        if (!isOutermost_)
+            return;
         guard_(
             [&] {
                 std::u16string text = user_.isStopRequested() ? u"Stopped: " : u"";

@@ -1,8 +1,11 @@
-// Small rules on UTF-16 text: numbers in digits, blanks, hexadecimal digits, surrogates.
+// Small rules on UTF-16 text: numbers in digits, blanks, hexadecimal digits, surrogates, the status bar's
+// texts.
 #pragma once
 
 #include <array>
 #include <concepts>
+#include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +18,19 @@ template <std::integral Number>
     const std::string digits = std::to_string(number);
     return {digits.begin(), digits.end()};
 }
+
+// The texts of the status bar.
+
+/// The number in decimal digits, grouped: u"1,095,878".
+[[nodiscard]] std::u16string groupedText(std::uint64_t number);
+/// The number, grouped, and what it counts: u"1 row", u"2,000 rows".
+[[nodiscard]] std::u16string countText(std::uint64_t count, std::u16string_view one,
+                                       std::u16string_view many);
+/// The same, but empty for 0.
+[[nodiscard]] std::u16string unlessNone(std::uint64_t count, std::u16string_view one,
+                                        std::u16string_view many);
+/// The clauses that are not empty, with "; " between them.
+[[nodiscard]] std::u16string joinedClauses(std::initializer_list<std::u16string> clauses);
 
 /// The text without the blanks (U+0020 alone) at its beginning and end.
 [[nodiscard]] constexpr std::u16string_view trimmedBlanks(std::u16string_view text) noexcept {

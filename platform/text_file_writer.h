@@ -1,6 +1,7 @@
 // Writes a text file in Windows-1252 with CR LF line ends, through a buffer.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,6 +24,10 @@ public:
     void writeLineEnd();
     /// Writes what is buffered and closes the file. Fails as write does.
     void close();
+
+    /// How many characters have been written as "?" because Windows-1252 lacks them. A surrogate pair is one
+    /// character.
+    [[nodiscard]] std::uint64_t replacedCharacters() const noexcept;
 
 private:
     struct State;

@@ -2,6 +2,7 @@
 // leave.
 #include "lists/input_file_handlers.h"
 #include "lists/list_drag.h"
+#include "lists/list_summaries.h"
 #include "lists/tag_handlers.h"
 #include "platform/busy_scope.h"
 #include "support/failure_of.h"
@@ -58,11 +59,12 @@ TEST_F(Lists, TakeChosenFilesUpToALimit) {
         fileHandlers.PushButton1_Click();
     const std::string open =
         "open: Add File(s) - Hold Ctrl to select multiple files [All Files (*.json)|*.json|] -> ";
-    EXPECT_EQ(outcome(files), open + "~\\0b.json\\0a.json\n" + open + "(cancelled)\n" + open + longest +
-                                  "a\n" +
+    EXPECT_EQ(outcome(files), open + "~\\0b.json\\0a.json\nsummary: 2 files added\n" + open +
+                                  "(cancelled)\n" + open + longest + "a\n" +
                                   "message: You've selected too many files to add.\\r\\rPlease try adding "
                                   "via the \"Add All\" button.\n" +
-                                  open + longest + "\n|~/b.json|~/a.json|" + longest + "|");
+                                  open + longest + "\nsummary: 1 file added\n|~/b.json|~/a.json|" + longest +
+                                  "|");
 }
 
 TEST_F(Lists, TakeTheFilesOfAFolderThoughASettingCannotBeSaved) {
@@ -84,17 +86,17 @@ report: Disk full in Form1.PushButton5_Click
 folder: Please select folder: [] -> ~
 report: Disk full in Form1.PushButton5_Click
 pointer: hourglass
-progress: Scanning ~/: 0 files
-progress: Scanning ~/b/: 1 file
-progress: Scanning ~/: 1 file
-progress: Scanning ~/b/: 1 file
+progress: Scanning, 0 files so far: ~/
+progress: Scanning, 1 file so far: ~/b/
+progress: Adding, 1 file so far: ~/
+progress: Adding, 1 file so far: ~/b/
 pointer: standard
 summary: 1 file added
 ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [json] -> *
 folder: Please select folder: [] -> ~/b
 pointer: hourglass
-progress: Scanning ~/b/: 0 files
-progress: Scanning ~/b/: 2 files
+progress: Scanning, 0 files so far: ~/b/
+progress: Adding, 2 files so far: ~/b/
 pointer: standard
 summary: 2 files added
 ask: Enter file extension to load:\r\r(* for all files, txt for all txt files, doc for all doc files, etc.) [*] -> xml
@@ -116,15 +118,17 @@ TEST_F(Lists, TakeTheLinesOfListFilesInOrder) {
 open: Add File(s) - Hold Ctrl to select multiple files [All Files (*.*)|*.*|] -> ~\0sub.txt\0none.txt\01.txt
 report: Permission denied in Form1.PushButton16_Click
 message: File not found
+summary: 2 files added; 1 name is empty
 open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/)" +
                                   longName + R"(
+summary: 2 tags added
 open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> (cancelled)
 |/a\\b.json||)");
     EXPECT_EQ(outcome(tags), "|c|d|");
 }
 
 TEST_F(Lists, TakeWhatIsDroppedInItsOrder) {
-    for (const char* name : {"A/f.json", "A/x/f", "A/~f", "B/f"})
+    for (const char* name : {"A/f.json", "A/x/f", "A/~f", "A/\xE2\x82\xAC/f", "B/f"})
         folder.write(name, "");
     fileHandlers.ListView1_OLEDragDrop({u"none\\\\a.json", folder.text("A"), folder.text("A/~f")});
     fileHandlers.ListView1_OLEDragDrop({folder.text("A/~f")}); // no scan
@@ -135,16 +139,16 @@ TEST_F(Lists, TakeWhatIsDroppedInItsOrder) {
     other.end([]() -> std::u16string { throw Failure(FailureNumber::outOfMemory); });
     EXPECT_FALSE(user.isBusy());
     EXPECT_EQ(outcome(files), R"(pointer: hourglass
-progress: Scanning ~/A/: 0 files
-progress: Scanning ~/A/x/: 1 file
-progress: Scanning ~/A/: 1 file
-progress: Scanning ~/A/x/: 2 files
+progress: Scanning, 0 files so far: ~/A/
+progress: Scanning, 1 file so far: ~/A/x/
+progress: Adding, 1 file so far: ~/A/
+progress: Adding, 2 files so far: ~/A/x/
 pointer: standard
-summary: 4 files added
+summary: 4 files added; 1 folder left out because of its name
+summary: 1 file added
 pointer: hourglass
-progress: Scanning ~/B/: 0 files
-progress: Scanning ~/B/: 1 file
-summary: 2 files added
+progress: Scanning, 0 files so far: ~/B/
+progress: Adding, 1 file so far: ~/B/
 still busy
 pointer: standard
 report: Out of memory in 
@@ -176,6 +180,19 @@ TEST_F(Lists, LoseTheRowsThatAreRemovedUnlessBusy) {
     fileHandlers.PushButton14_Click();
     tagHandlers.PushButton10_Click();
     EXPECT_EQ(outcome(files, tags), "||");
+}
+
+TEST(ListSummaries, SayWhatWasLeftOutAndWhatEmptyTagsDo) {
+    EXPECT_EQ(scanSummary(0, {}), u"No files added");
+    EXPECT_EQ(scanSummary(1'234'567, {.byName = 1, .unreadable = 1, .links = 1, .systemFolders = 1}),
+              u"1,234,567 files added; 1 folder left out because of its name; 1 folder left out because it "
+              u"cannot be read; 1 link to a folder not followed; 1 system folder left out");
+    EXPECT_EQ(scanSummary(1, {.byName = 2, .longPaths = 1'000}),
+              u"1 file added; 2 folders left out because of their names; 1,000 folders with long paths not "
+              u"searched for folders");
+    EXPECT_EQ(tagsAddedText(listOf({u"", u"a", u""}), 1),
+              u"2 tags added; 1 tag is empty and matches everything");
+    EXPECT_EQ(tagsAddedText(listOf({u"", u""}), 0), u"2 tags added; 2 tags are empty and match everything");
 }
 
 TEST_F(Lists, KeepWhatAScanHasFoundWhenItIsStopped) {

@@ -53,7 +53,7 @@ save: Save [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/out.txt
 question: Are you sure you wish to overwrite ~/out.txt ? -> Yes
 pointer: hourglass
 pointer: standard
-summary: 1 row written
+summary: 1 row written; 1 row left out because it is not ticked
 save: Save [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/missing/out.txt
 pointer: hourglass
 report: Path not found in Extract1.SaveListviewProperlySpaced
@@ -90,8 +90,11 @@ TEST_F(Exports, CopyTheCheckedRows) {
     } locked;
     OutputHandlers(locked, table).PushButton11_Click();
     EXPECT_EQ(user.takeTranscript() + locked.takeTranscript(),
-              "pointer: hourglass\nclipboard: a.json\\tx\\r\\n\npointer: standard\nsummary: 1 row copied\n" +
-                  copied + "pointer: hourglass\npointer: standard\nsummary: 0 rows copied\n" + copied +
+              "pointer: hourglass\nclipboard: a.json\\tx\\r\\n\npointer: standard\nsummary: 1 row copied; 1 "
+              "row left out because it is not ticked\n" +
+                  copied +
+                  "pointer: hourglass\npointer: standard\nsummary: No rows copied because there are none\n" +
+                  copied +
                   "pointer: hourglass\nreport: Device I/O error in Form1.PushButton11_Click\n"
                   "pointer: standard\nsummary: Nothing was copied\n" +
                   copied);
@@ -160,10 +163,12 @@ TEST_F(Exports, OfManyRowsAreWholeAndShowEveryThousandth) {
     SaveListviewAsCommaDelimToFile(user, view, out, nullptr);
     EXPECT_TRUE(folder.read("out.txt") == expected);
     EXPECT_TRUE(user.takeTranscript().starts_with(
-        "pointer: hourglass\nprogress: Writing rows, 2 %\nprogress: Writing rows, 5 %\n"));
+        "pointer: hourglass\nprogress: Writing row 1,000 of 40,000: ~/out.txt, 2 %\n"
+        "progress: Writing row 2,000 of 40,000: ~/out.txt, 5 %\n"));
     handlers.PushButton11_Click();
-    EXPECT_TRUE(user.takeTranscript().find("progress: Copying rows, 100 %\nclipboard: 1\\r\\n2\\r\\n") <
-                2000);
+    EXPECT_NE(user.takeTranscript().find(
+                  "progress: Copying row 40,000 of 40,000, 100 %\nclipboard: 1\\r\\n2\\r\\n"),
+              std::string::npos);
 }
 
 TEST_F(Exports, CopyNoTextThatIsTooLong) {
@@ -202,8 +207,23 @@ TEST_F(Exports, MayLoseTheirRowsWhileEventsAreHandled) {
     yieldsLeft = 6; // two columns of two rows are measured first
     SaveListviewProperlySpaced(user, view, out, nullptr);
     EXPECT_EQ(folder.read("out.txt"), "Filename\tResults\t\r\na.json  \tx      \t\r\n");
-    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\nsummary: 1 row written\n"
-                                     "pointer: hourglass\npointer: standard\nsummary: 1 row written\n");
+    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\nsummary: 1 of 2 rows written\n"
+                                     "pointer: hourglass\npointer: standard\nsummary: 1 of 2 rows written\n");
+}
+
+TEST_F(Exports, SayHowManyCharactersTheCharacterSetLacks) {
+    table.clearRows();
+    // A pair is one character; a question mark and the euro sign are in the set.
+    add({u"?\u20AC\u0416?", u"\U0001F600\xDE00", u"\xD83D"});
+    SaveListviewAsCommaDelimToFile(user, view, out, nullptr);
+    EXPECT_EQ(folder.read("out.txt"), "Filename,Results,\r\na.json,?\x80??\r\na.json,???\r\na.json,?\r\n");
+    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\n"
+                                     "summary: 3 rows written; 4 characters written as \"?\"\n");
+}
+
+TEST(ExportSummary, SaysHowFarAStoppedExportCame) {
+    EXPECT_EQ(exportSummary({31'000, 1'000, 1}, u"written"),
+              u"1,000 of 31,000 rows written; 1 row left out because it is not ticked");
 }
 
 TEST_F(Exports, EndWhereTheyAreStopped) {
