@@ -3,8 +3,10 @@
 #include "app/file_drop.h"
 #include "app/find_bar.h"
 #include "app/row_viewer.h"
+#include "extract/run_summary.h"
 #include "output/clipboard_text.h"
 #include "platform/error_report.h"
+#include "platform/text.h"
 
 #include <QCloseEvent>
 #include <QScreen>
@@ -42,6 +44,10 @@ Form1::Form1(std::u16string programFolder, std::function<void()> endProcess)
     connectLists();
     addShortcuts();
     addFinding();
+    user_.narrator().setCounts([this] { return countsText(); });
+    for (const QAbstractItemModel* model :
+         std::initializer_list<const QAbstractItemModel*>{&inputModel_, &tagModel_, &resultsModel_})
+        user_.narrator().watch(*model);
     user_.setBeforeDispatch([this] { catchUp(); });
     hover_ = std::make_unique<HoverPointer>(*this, user_);
 }
@@ -162,6 +168,13 @@ void Form1::copySelectedRows() {
     guard([&] {
         CopyRowsToClipboard(user_, ResultsListview(results_), controls_.ListView2->selectedRanges());
     });
+}
+
+/// What the lists hold, for the status bar.
+std::u16string Form1::countsText() const {
+    return joinedClauses({unlessNone(inputFiles_.size(), u"file", u"files"),
+                          unlessNone(tags_.size(), u"tag", u"tags"),
+                          rowCountText(results_.rowCount(), results_.checkedCount())});
 }
 
 void Form1::catchUp() {

@@ -60,6 +60,7 @@ private:
     void addFinding();
     void copySelectedRows();
     void restoreMode();
+    std::u16string countsText() const;
     void catchUp();
 
     std::u16string programFolder_;

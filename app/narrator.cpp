@@ -2,6 +2,7 @@
 
 #include "app/qt_text.h"
 
+#include <QAbstractItemModel>
 #include <QAccessibleWidget>
 #include <QLabel>
 #include <QPainter>
@@ -98,6 +99,15 @@ Narrator::Narrator(QStatusBar& statusBar, std::function<void()> stop)
 
 void Narrator::setCounts(std::function<std::u16string()> counts) {
     counts_ = std::move(counts);
+}
+
+void Narrator::watch(const QAbstractItemModel& model) {
+    const auto showChange = [this] { showCounts(); };
+    using Model = QAbstractItemModel;
+    for (const auto change : {&Model::rowsInserted, &Model::rowsRemoved})
+        QObject::connect(&model, change, label_, showChange);
+    QObject::connect(&model, &Model::dataChanged, label_, showChange);
+    QObject::connect(&model, &Model::modelReset, label_, showChange);
 }
 
 void Narrator::showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) {

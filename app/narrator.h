@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+class QAbstractItemModel;
 class QLabel;
 class QProgressBar;
 class QStatusBar;
@@ -24,6 +25,8 @@ public:
 
     /// Sets the function that returns the counts ("6 files; 3 tags").
     void setCounts(std::function<std::u16string()> counts);
+    /// Calls `showCounts` after each change of the model.
+    void watch(const QAbstractItemModel& model);
 
     /// Progress is `done` of `total` steps, or unknown if `total` is 0. Stores the values; the widgets are
     /// updated by `update`, and at the first call of an operation.

@@ -22,11 +22,6 @@ constexpr std::size_t maxFilesAhead = 2048;
 constexpr auto patience = 10ms;              // between two looks at the window's events
 constexpr std::uint64_t stepsPerFile = 1000; // of the progress bar
 
-std::u16string progressText(std::size_t file, std::size_t files, std::size_t rows) {
-    return u"Extracting: file " + decimalText(file) + u" of " + decimalText(files) + u", " +
-           decimalText(rows) + u" rows";
-}
-
 } // namespace
 
 // "Start Extracting"
@@ -39,12 +34,15 @@ void ExtractionRun::PushButton7_Click() {
     BusyScope busy(user_, guard);
     guard([&] { table_.clearAll(); });
     guard([&] { table_.setColumns(options_.includeFilename()); });
-    guard([&] { extractFiles(guard); });
-    busy.end([&] { return decimalText(table_.rowCount()) + u" rows found"; });
+    RunOutcome outcome{.files = inputPaths_.size(), .tags = tags_.size()};
+    guard([&] { extractFiles(guard, outcome); });
+    outcome.rows = table_.rowCount();
+    outcome.mode = options_.mode();
+    busy.end([&] { return runSummary(outcome); });
     guard([&] { user_.showMessage(u"Done."); });
 }
 
-void ExtractionRun::extractFiles(const Guard& guard) {
+void ExtractionRun::extractFiles(const Guard& guard, RunOutcome& outcome) {
     const auto matcher = std::make_shared<const TagMatcher>(tags_);
     const auto makeWork = [matcher, stretchBytes = readAhead_.stretchBytes] {
         const auto reader = std::make_shared<StretchReader>(matcher, stretchBytes);
@@ -56,10 +54,10 @@ void ExtractionRun::extractFiles(const Guard& guard) {
     FileExtraction extraction(user_, guard, options_, tags_, table_);
     StretchJobs jobs(workers, maxHeldBytes, makeWork);
 
-    const std::size_t files = inputPaths_.size();
+    const std::size_t files = outcome.files;
     std::size_t added = 0;
-    std::size_t ended = 0;
-    showProgress(guard, 0, 0);
+    std::size_t& ended = outcome.filesEnded;
+    showProgress(guard, outcome, 0);
     while (!user_.isStopRequested()) {
         while (added < files && added - ended < maxFilesAhead) {
             guard([&] {
@@ -71,29 +69,33 @@ void ExtractionRun::extractFiles(const Guard& guard) {
             });
             ++added;
         }
-        std::optional<StretchJobs::Outcome> outcome = jobs.take(patience);
-        if (outcome) {
-            const std::size_t file = outcome->job.fileNumber;
-            const double share = outcome->job.shareBefore();
-            const bool hasEnded = extraction.addRows(*outcome, jobs);
-            jobs.giveBack(std::move(outcome->result));
+        std::optional<StretchJobs::Outcome> stretch = jobs.take(patience);
+        if (stretch) {
+            const std::size_t file = stretch->job.fileNumber;
+            const double share = stretch->job.shareUpToEnd();
+            const bool hasEnded = extraction.addRows(*stretch, jobs);
+            jobs.giveBack(std::move(stretch->result));
             ended = hasEnded ? file + 1 : file;
-            showProgress(guard, ended, hasEnded ? 0 : share);
+            showProgress(guard, outcome, hasEnded ? 0 : share);
         } else if (added == files && jobs.empty()) {
+            ended = files;
             break;
         }
         guard([&] { user_.yield(); });
     }
     extraction.endFile();
+    outcome.filesRead = extraction.filesRead();
+    outcome.filesEmpty = extraction.filesEmpty();
 }
 
-/// `share` is of the file at hand, 0 to 1.
-void ExtractionRun::showProgress(const Guard& guard, std::size_t file, double share) {
-    const std::size_t files = inputPaths_.size();
-    const auto steps = static_cast<std::uint64_t>((static_cast<double>(file) + share) * stepsPerFile);
+/// Names the first file that has not ended. `share` is of that file, 0 to 1.
+void ExtractionRun::showProgress(const Guard& guard, const RunOutcome& outcome, double share) {
+    const std::size_t ended = outcome.filesEnded;
+    const auto steps = static_cast<std::uint64_t>((static_cast<double>(ended) + share) * stepsPerFile);
     guard([&] {
-        user_.showProgress(progressText(std::min(file + 1, files), files, table_.rowCount()), steps,
-                           files * stepsPerFile);
+        if (ended < std::min(outcome.files, inputPaths_.size()))
+            user_.showProgress(runProgress(ended + 1, outcome.files, table_.rowCount(), inputPaths_[ended]),
+                               steps, outcome.files * stepsPerFile);
     });
 }
 

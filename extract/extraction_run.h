@@ -4,6 +4,7 @@
 
 #include "extract/extraction_options.h"
 #include "extract/results_table.h"
+#include "extract/run_summary.h"
 #include "platform/error_report.h"
 #include "platform/user_interface.h"
 
@@ -37,8 +38,8 @@ public:
     void PushButton7_Click();
 
 private:
-    void extractFiles(const Guard& guard);
-    void showProgress(const Guard& guard, std::size_t file, double share);
+    void extractFiles(const Guard& guard, RunOutcome& outcome);
+    void showProgress(const Guard& guard, const RunOutcome& outcome, double share);
 
     UserInterface& user_;
     const ExtractionOptions& options_;

@@ -42,8 +42,11 @@ bool FileExtraction::addRows(StretchJobs::Outcome& outcome, StretchJobs& jobs) {
             at_ = read.end;
         }
     }
-    if (isLast)
+    if (isLast) {
+        filesRead_ += file_ == FileState::read ? 1 : 0;
+        filesEmpty_ += file_ == FileState::empty ? 1 : 0;
         endFile();
+    }
     return isLast;
 }
 

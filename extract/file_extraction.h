@@ -35,6 +35,10 @@ public:
     /// Ends the file whose rows have been added so far, if there is one.
     void endFile();
 
+    /// Of the files that have ended, those that were read, and those without bytes.
+    [[nodiscard]] std::size_t filesRead() const noexcept { return filesRead_; }
+    [[nodiscard]] std::size_t filesEmpty() const noexcept { return filesEmpty_; }
+
 private:
     enum class FileState { none, empty, read, unreadable };
 
@@ -59,6 +63,8 @@ private:
     ExtractionMode mode_ = ExtractionMode::none; ///< as it was when the piece was started
     std::u16string row_;                         ///< buffer, reused between fragments
     bool missingTagReported_ = false;
+    std::size_t filesRead_ = 0;
+    std::size_t filesEmpty_ = 0;
 };
 
 } // namespace brindlewick

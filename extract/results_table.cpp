@@ -165,4 +165,11 @@ void ResultsTable::setChecked(std::size_t row, bool checked) {
     at(row).checked = checked ? 1 : 0;
 }
 
+std::size_t ResultsTable::checkedCount() const noexcept {
+    std::size_t count = 0;
+    for (std::size_t row = 0; row < rowCount(); ++row)
+        count += at(row).checked;
+    return count;
+}
+
 } // namespace brindlewick

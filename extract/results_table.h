@@ -79,6 +79,8 @@ public:
     [[nodiscard]] std::size_t fileNumber(std::size_t row) const;
     [[nodiscard]] bool isChecked(std::size_t row) const;
     void setChecked(std::size_t row, bool checked);
+    /// How many rows are ticked. Linear in the rows.
+    [[nodiscard]] std::size_t checkedCount() const noexcept;
 
     /// There is at most one listener; nullptr removes it. Its first appended row is announced.
     void setListener(ResultsTableListener* listener) noexcept {

@@ -65,9 +65,9 @@ struct Stretch {
     bool isAgain = false;                       ///< what follows has been added before
     bool isLast = true;                         ///< of the file
 
-    /// The part of the file that comes before, 0 to 1.
-    double shareBefore() const {
-        return stretches ? static_cast<double>(number) / static_cast<double>(stretches->count()) : 0;
+    /// The part of the file up to the end of the stretch, 0 to 1.
+    double shareUpToEnd() const {
+        return stretches ? static_cast<double>(number + 1) / static_cast<double>(stretches->count()) : 1;
     }
 };
 

@@ -25,17 +25,9 @@ Added addedFrom(const TextList& list, std::size_t before) {
 
 } // namespace
 
-std::u16string fileCountText(std::uint64_t count) {
-    return countText(count, u"file", u"files");
-}
-
-std::u16string tagCountText(std::uint64_t count) {
-    return countText(count, u"tag", u"tags");
-}
-
 std::u16string scanProgress(std::u16string_view doing, std::uint64_t files, std::u16string_view folder) {
     std::u16string text(doing);
-    return text.append(u", ").append(fileCountText(files)).append(u" so far: ").append(folder);
+    return text.append(u", ").append(countText(files, u"file", u"files")).append(u" so far: ").append(folder);
 }
 
 std::u16string scanSummary(std::uint64_t added, const LeftOut& leftOut) {

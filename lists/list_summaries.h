@@ -10,10 +10,6 @@ namespace brindlewick {
 
 class TextList;
 
-/// "1 file", "1,000 files"; so for tags.
-[[nodiscard]] std::u16string fileCountText(std::uint64_t count);
-[[nodiscard]] std::u16string tagCountText(std::uint64_t count);
-
 /// What a scan of a folder tree does not list: numbers of folders.
 struct LeftOut {
     std::uint64_t byName = 0;        ///< IsBadName

@@ -141,7 +141,7 @@ TEST_F(Stories, AMissingFileIsReportedAndTheOthersAreRead) {
     fill({folder.text("gone.json"), folder.write("a.json", "{\"name\":1}\n{\"name\":\"x\ty\"}")}, {u"NAME"});
     click("Start Extracting");
     EXPECT_THAT(rows(results()), ElementsAre("name :1 ", "name :x\\ty "));
-    EXPECT_EQ(status(), "2 rows found");
+    EXPECT_EQ(status(), "2 rows found; 1 file read; 1 file could not be read");
     person.answers = {path("no/such/folder.txt")};
     click("Save Results As Text File");
     EXPECT_THAT(person.shown(),

@@ -5,11 +5,13 @@
 #include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace brindlewick {
 namespace {
 
+using ::testing::HasSubstr;
 using testing::TemporaryFolder;
 using Rows = std::vector<std::u16string>;
 
@@ -67,7 +69,56 @@ TEST_F(Run, KeepsItsRowsWhenStopped) {
             user.requestStop();
     };
     EXPECT_EQ(extract(ExtractionMode::valueWithoutTag), Rows(7, u"1 "));
-    EXPECT_TRUE(user.takeTranscript().ends_with("message: Done.\n"));
+    EXPECT_TRUE(user.takeTranscript().ends_with("summary: Stopped: 7 rows found; 7 of 50 files read\n"
+                                                "message: Done.\n"));
+}
+
+TEST_F(Run, NamesTheFileAtHandAndSumsUp) {
+    user.folder = folder.text();
+    add(R"({"a":1} )");
+    paths.push_back(folder.text("gone.json"));
+    add("");
+    add(R"({"a":2} )");
+    tags = {u"A", u"b"};
+    extract(ExtractionMode::valueWithoutTag);
+    EXPECT_EQ(user.takeTranscript(), R"(pointer: hourglass
+progress: Extracting file 1 of 4, 0 rows so far: ~/0.json, 0 %
+progress: Extracting file 2 of 4, 1 row so far: ~/gone.json, 25 %
+report: File not found in Form1.PushButton7_Click
+progress: Extracting file 3 of 4, 1 row so far: ~/2.json, 50 %
+progress: Extracting file 4 of 4, 1 row so far: ~/3.json, 75 %
+pointer: standard
+summary: 2 rows found; 2 files read; 1 file is empty; 1 file could not be read
+message: Done.
+)");
+    const std::pair<std::vector<std::u16string>, std::string_view> reasons[] = {
+        {{}, "there are no tags; 1 file read"},
+        {{u"x"}, "the tag does not occur; 1 file read"},
+        {{u"x", u"y"}, "none of the 2 tags occurs; 1 file read"},
+    };
+    paths.clear();
+    add(R"({"a":1} )");
+    for (const auto& [theTags, reason] : reasons) {
+        tags = theTags;
+        extract(ExtractionMode::valueWithoutTag);
+        EXPECT_THAT(user.takeTranscript(),
+                    HasSubstr("summary: No rows found because " + std::string(reason) + "\nmessage"));
+    }
+    options.selectNone();
+    ExtractionRun(user, options, paths, tags, table).PushButton7_Click();
+    EXPECT_THAT(user.takeTranscript(),
+                HasSubstr("; no mode is chosen, so values were extracted without tags"));
+}
+
+TEST_F(Run, MovesByBytesWithinAFile) {
+    std::string bytes = "\xEF\xBB\xBF";
+    while (bytes.size() < 1'000'000)
+        bytes += R"({"a":1},)";
+    add(bytes);
+    extract(ExtractionMode::entireLine);
+    const std::string transcript = user.takeTranscript();
+    for (const char* percent : {"so far: ", ", 25 %", ", 50 %", ", 75 %"})
+        EXPECT_THAT(transcript, HasSubstr(percent));
 }
 
 } // namespace
