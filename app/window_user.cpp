@@ -87,7 +87,7 @@ void WindowUser::showApplicationError(std::u16string_view text) {
     if (reports_.areHidden) {
         ++reports_.hidden;
         if (!isBusy())
-            narrator_.endProgress(withHiddenReports({}));
+            narrator_.endProgress(hiddenReportsText());
         return;
     }
     const DialogScope scope(*this, DialogKind::message);
@@ -176,12 +176,12 @@ void WindowUser::showProgress(std::u16string_view text, std::uint64_t done, std:
     if (reports_.hidden == 0)
         narrator_.showProgress(text, done, total);
     else
-        narrator_.showProgress(withHiddenReports(text), done, total);
+        narrator_.showProgress(joinedClauses({hiddenReportsText(), std::u16string(text)}), done, total);
 }
 
 void WindowUser::endProgress(std::u16string_view summary) {
     catchUp(); // a change that is reported later would replace the summary
-    narrator_.endProgress(withHiddenReports(summary));
+    narrator_.endProgress(joinedClauses({std::u16string(summary), hiddenReportsText()}));
 }
 
 void WindowUser::setClipboardText(std::u16string_view text) {
@@ -203,14 +203,9 @@ void WindowUser::catchUp() {
     narrator_.update();
 }
 
-/// The text, and how many reports of the operation are not shown.
-std::u16string WindowUser::withHiddenReports(std::u16string_view text) const {
-    std::u16string all(text);
-    if (reports_.hidden > 0)
-        all.append(text.empty() ? u"" : u", ")
-            .append(decimalText(reports_.hidden))
-            .append(reports_.hidden == 1 ? u" report not shown" : u" reports not shown");
-    return all;
+/// How many reports of the operation are not shown; empty for none.
+std::u16string WindowUser::hiddenReportsText() const {
+    return unlessNone(reports_.hidden, u"report not shown", u"reports not shown");
 }
 
 } // namespace brindlewick

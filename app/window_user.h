@@ -67,7 +67,7 @@ private:
     class DialogScope;
 
     void catchUp();
-    [[nodiscard]] std::u16string withHiddenReports(std::u16string_view text) const;
+    [[nodiscard]] std::u16string hiddenReportsText() const;
 
     QWidget& window_;
     Narrator narrator_;

@@ -234,5 +234,45 @@ TEST_F(Gestures, AppendedRowsAppearByThemselvesAndAnIdleWindowDoesNothing) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return rows(results()).size() == 1; }));
 }
 
+/// The status bar at the moment when each dialog opens.
+struct StatusOfDialogs : QObject {
+    explicit StatusOfDialogs(Gestures& theStory) : story(theStory) { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Show && qobject_cast<QDialog*>(object) != nullptr)
+            texts.push_back(story.status());
+        return false;
+    }
+    Gestures& story;
+    Texts texts;
+};
+
+TEST_F(Gestures, TheStatusBarIsRightWhenADialogOpensAndForgetsWhatIsOver) {
+    const auto gone = folder.text("gone.json");
+    fill({folder.write("a.json", "{\"n\":1}\n"), gone, folder.write("b.json", "{\"n\":2}\n")}, {u"n"});
+    folder.write("old.txt", "");
+    const std::string counts = "3 files; 1 tag; 2 rows, 2 ticked";
+    StatusOfDialogs dialogs(*this);
+    click("Start Extracting");
+    person.answers = {path("old.txt"), "No"};
+    click("Save Results As Text File");
+    EXPECT_THAT(dialogs.texts,
+                ElementsAre("Extracting file 2 of 3, 1 row so far: " + utf8(gone),
+                            "2 rows found; 2 files read; 1 file could not be read", counts, counts));
+    EXPECT_EQ(person.shown().size(), 4U);
+    EXPECT_EQ(status(), counts);
+    person.answers = {path("new.txt")};
+    click("Save Results As Text File");
+    EXPECT_EQ(status(), "2 rows written");
+    press(Qt::Key_Home, {}, results());
+    press(Qt::Key_Space);
+    EXPECT_EQ(status(), "3 files; 1 tag; 2 rows, 1 ticked");
+    click("Clear the results");
+    EXPECT_EQ(status(), "3 files; 1 tag");
+    click("Clear the JSON files");
+    click("Clear the tags");
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(person.shown().size(), 1U);
+}
+
 } // namespace
 } // namespace brindlewick::testing

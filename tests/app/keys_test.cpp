@@ -107,7 +107,7 @@ TEST_F(Keys, ManyReportsCanBeHiddenFromTheFourthOn) {
     click("Start Extracting");
     EXPECT_EQ(boxes, "...--.");
     EXPECT_EQ(person.shown().back(), done);
-    EXPECT_THAT(status(), ::testing::EndsWith(", 2 reports not shown"));
+    EXPECT_THAT(status(), ::testing::EndsWith("; 2 reports not shown"));
     boxes.clear();
     click("Start Extracting"); // another operation
     EXPECT_EQ(boxes, "...----.");

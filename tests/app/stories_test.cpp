@@ -171,7 +171,8 @@ TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
         SettingsFile().SaveSetting(u"Tags", u"");
         const auto disturb = [&] {
             if (button == operations[0].button) {
-                EXPECT_EQ(status(), "Extracting: file 1 of 1, 0 rows");
+                EXPECT_EQ(status(),
+                          "Extracting file 1 of 1, 0 rows so far: " + utf8(folder.text("many/a.json")));
                 EXPECT_TRUE(window->findChild<QProgressBar*>()->isVisible());
             }
             (void)person.shown();
