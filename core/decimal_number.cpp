@@ -12,14 +12,14 @@ __extension__ using Wide = unsigned __int128;
 constexpr Wide largestMagnitude = (Wide{1} << 96) - 1;
 constexpr int mostDigits = 29; // of a 96-bit magnitude
 
-// An exponent beyond this decides by its sign alone: no text is long enough to make up for it.
+// Only the sign of an exponent beyond this matters: no text has enough digits to compensate for it.
 constexpr std::int64_t largestExponent = std::int64_t{1} << 40;
 
 bool isDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
 }
 
-/// The significant digits of a number's text: the decimal point, if any, is passed over.
+/// The significant digits of a number's text: without the decimal point.
 class Digits {
 public:
     Digits(std::u16string_view text, std::size_t pointAt) : text_(text), pointAt_(pointAt) {
@@ -45,7 +45,7 @@ private:
     std::int64_t length_;
 };
 
-/// A number's text taken apart; `mantissa` holds digits and at most one point.
+/// The parts of a number's text; `mantissa` consists of digits and at most one point.
 struct Parts {
     bool negative = false;
     std::u16string_view mantissa;

@@ -22,21 +22,21 @@ struct DecimalNumber {
 
 inline constexpr int largestDecimalScale = 28;
 
-/// Either a number or the failure that reading it met: typeMismatch for text of another form, overflow for a
-/// magnitude that no scale can hold. Returned, not thrown: lenient reading meets a failure in every other
-/// value.
+/// A number, or why the text is not one: typeMismatch for text of another form, overflow for a magnitude that
+/// no scale can represent. Returned, not thrown, because lenient text contains many values that fail.
 struct DecimalReading {
     DecimalNumber number;
     std::optional<FailureNumber> failure;
 };
 
 /// Reads the whole text as `[+-]? (digits [. digits*] | . digits) ([eE] [+-]? digits)?`. The scale is the
-/// number of fraction digits less the exponent, and is kept (1.50 has scale 2); a negative one is multiplied
-/// out. What needs more than 28 fraction digits or 96 bits is rounded half to even to the largest scale that
-/// fits. Linear in the text.
+/// number of fraction digits less the exponent, and is kept (1.50 has scale 2); a negative scale is
+/// multiplied out. A number that needs more than 28 fraction digits or 96 bits is rounded half to even, to
+/// the largest scale that fits. Linear in the text.
 DecimalReading readDecimal(std::u16string_view text);
 
-/// Appends the plain form: "-" if negative, at least one digit before the point, `scale` digits behind it.
+/// Appends the positional form: "-" if negative, at least one digit before the point, `scale` digits after
+/// it.
 void appendDecimal(const DecimalNumber& number, std::u16string& text);
 
 /// The text's number rounded half to even to a whole one. Fails with typeMismatch, and with overflow when it

@@ -1,9 +1,9 @@
-// The grammar: reads one fragment of lenient JSON text and hands what it finds to a sink.
+// The grammar: reads one fragment of lenient JSON text and passes its parts to a sink.
 //
-// Reads single-quoted strings, unquoted keys, comments and parentheses (as blanks), and never fails on bad
+// Accepts single-quoted strings, unquoted keys, comments, and parentheses (as blanks), and never fails on bad
 // text. A call does not read a whole document: an object is read only up to the first "," or "[" at its own
-// level, and the next call goes on from there. So `{"a":1,"b":[2]}` comes as `{"a":1}`, `{}` and `[2]`.
-// Arrays are read whole.
+// level, where the next call continues. So `{"a":1,"b":[2]}` is read as `{"a":1}`, `{}` and `[2]`. An array
+// is read to its end.
 #pragma once
 
 #include "core/json_value.h"
@@ -17,17 +17,17 @@
 
 namespace brindlewick {
 
-/// A sink is told of a fragment's parts in the order of the text. Its operations, for a sink `s`:
+/// Calls the sink for a fragment's parts in the order of the text. The operations of a sink `s`:
 ///
-///     s.start()                       for a new text; a failure may have left anything open
-///     s.takePlainMember(at, end)      may take an object's beginning by itself (see readPlainMember)
+///     s.start()                       for a new text; after a failure, objects may still be open
+///     s.takePlainMember(at, end)      may read an object's beginning itself (see readPlainMember)
 ///     s.openObject(taken) -> object   the handle of an object, kept until closeObject
 ///     s.startMember(object)           then the key's units:
-///         s.takeKeyRun(from, end)     takes a run without KeyStops; returns its end
+///         s.takeKeyRun(from, end)     reads a run without KeyStops; returns its end
 ///         s.putKey(units)  s.restartKey()
 ///     s.endKey(object)                then one value
-///     s.endMember(object) -> bool     false for a key that the object has already
-///     s.dropMember(object, failure)   instead of endMember, and after a false one
+///     s.endMember(object) -> bool     false for a key that the object already has
+///     s.dropMember(object, failure)   instead of endMember, and after endMember has returned false
 ///     s.closeObject(object)
 ///     s.openArray() -> array          the handle of an array, kept until closeArray
 ///     s.startElement(array)           then one value
@@ -37,17 +37,17 @@ namespace brindlewick {
 /// Values: objects, arrays, and
 ///
 ///     s.startString()  s.takeStringRun<quote>(from, end)  s.putUnit(unit)  s.endString()
-///     s.takePlainNumber(at, end)      may take a number by itself (see plainNumberLength)
+///     s.takePlainNumber(at, end)      may read a number itself (see plainNumberLength)
 ///     s.putNumber(number)  s.putBoolean(value)  s.putNull()  s.putEmpty()
 ///
-/// s.note(problem, at) is told of problems. `at` is where the reader is, `failure` a FailureNumber.
+/// s.note(problem, at) is called for problems. `at` is where the reader is, `failure` a FailureNumber.
 template <class Sink>
 class FragmentReader : private LeafReader<Sink> {
 public:
     explicit FragmentReader(Sink& sink) noexcept : LeafReader<Sink>(sink) {}
 
-    /// The text to read from, which stays where it is until the last `read`. Also to be called after a
-    /// failure.
+    /// Sets the text to read. It must not move or change until the last `read`. Call this after a failure,
+    /// too.
     void start(std::u16string_view text) {
         begin_ = text.data();
         end_ = begin_ + text.size();
@@ -55,11 +55,10 @@ public:
         sink_.start();
     }
 
-    /// Reads the fragment at `at` (code units from 0, in and out) and leaves `at` where it ended, which is on
-    /// the
-    /// "," or "[" that ended an object. False when no text is left: the last unit of a text is never the
-    /// start of a fragment. Linear in the text passed over; nothing recurses deeper than deepestNesting.
-    /// Fails as the sink does.
+    /// Reads the fragment at `at` (code units from 0, in and out) and sets `at` to its end; for an object,
+    /// that is the "," or "[" that ended it. False when no text is left: the last unit of a text is never the
+    /// start of a fragment. Linear in the text that is read; recursion is limited by deepestNesting. Fails as
+    /// the sink does.
     bool read(std::size_t& at) {
         if (at > static_cast<std::size_t>(end_ - begin_))
             return false;
@@ -84,12 +83,12 @@ private:
             readMembers(taken);
     }
 
-    /// Up to "}", which is consumed, or up to "," or "[", which are left for the next fragment.
+    /// Reads up to "}", which is consumed, or to "," or "[", which is left for the next fragment.
     [[gnu::noinline]] void readMembers(PlainMember taken) {
         auto object = sink_.openObject(taken);
         bool isKeyRead = taken == PlainMember::key;
         if (!isKeyRead)
-            ++at_; // whatever is there: "{", or the "," at which the fragment before stopped
+            ++at_; // any unit: "{", or the "," at which the previous fragment stopped
         for (;; isKeyRead = false) {
             if (!isKeyRead) {
                 skipIgnorable();
@@ -116,8 +115,8 @@ private:
         sink_.closeObject(object);
     }
 
-    /// Up to "]", which is consumed. Unlike an object's, an array's commas are consumed. An object inside is
-    /// read only up to its own first comma, and the rest of its text is then read as further elements.
+    /// Reads up to "]", which is consumed, as are the commas of an array. An object inside is read only up to
+    /// its own first comma; the rest of its text is then read as further elements.
     [[gnu::noinline]] void readArray() {
         ++at_;
         auto array = sink_.openArray();
@@ -136,8 +135,7 @@ private:
                 sink_.note(ReadingProblem::missingBracket, at_);
                 break;
             }
-            // A bad boolean or null is an element but does not move on: read there once more, the array would
-            // never end.
+            // A bad boolean or null is an element of no length. To read it again would never end.
             const bool isStuck = at_ == lastStart && !atEnd();
             lastStart = at_;
             sink_.startElement(array);

@@ -1,5 +1,5 @@
-// Cuts a text, call by call, into values: the grammar of fragment_reader.h with a sink that keeps what is
-// wrong.
+// Reads a text as values, one fragment a call: the grammar of fragment_reader.h with a sink that builds
+// values and notes problems.
 #pragma once
 
 #include "core/fragment_reader.h"
@@ -16,17 +16,17 @@
 
 namespace brindlewick {
 
-/// What was wrong at one place of a text.
+/// A problem at one place of a text.
 struct Problem {
     enum class Kind : std::uint8_t { inText, inMember, inElement };
     Kind kind;
-    ReadingProblem problem{};     ///< of inText
-    FailureNumber failure{};      ///< of inMember and inElement
-    const char16_t* at = nullptr; ///< of inText and inElement
-    std::size_t key = 0;          ///< of inMember and an invalid key: which of the keys kept
+    ReadingProblem problem{};     ///< for inText
+    FailureNumber failure{};      ///< for inMember and inElement
+    const char16_t* at = nullptr; ///< for inText and inElement
+    std::size_t key = 0;          ///< for inMember and an invalid key: see ValueBuilder::keyOf
 };
 
-/// A sink of FragmentReader: builds the fragment's value, and notes problems in a few bytes each.
+/// A sink of FragmentReader: builds the fragment's value, and notes each problem in a few bytes.
 class ValueBuilder {
 public:
     struct Object {
@@ -35,7 +35,7 @@ public:
     };
     using Array = std::shared_ptr<JsonArray>;
 
-    /// The value read last.
+    /// The value that was read last.
     JsonValue takeValue() { return std::move(value_); }
     const std::vector<Problem>& problems() const noexcept { return problems_; }
     std::u16string_view keyOf(const Problem& problem) const { return problemKeys_[problem.key]; }
@@ -90,14 +90,14 @@ public:
     JsonParser(const JsonParser&) = delete;
     JsonParser& operator=(const JsonParser&) = delete;
 
-    /// Reads the next fragment at `position` (1-based, in and out; 1 for a new text) and leaves the position
-    /// where the fragment stopped. Returns a JsonObject or a JsonArray, or nothing when no text is left: the
+    /// Reads the next fragment at `position` (1-based, in and out; 1 for a new text) and sets the position to
+    /// where the fragment ended. Returns a JsonObject or a JsonArray, or nothing when no text is left: the
     /// last unit of a text is never the start of a fragment. The text must outlive the calls of
-    /// parserErrors(). Time and memory are linear in the text passed over.
+    /// parserErrors(). Time and memory are linear in the text that is read.
     std::optional<JsonValue> parse(std::u16string_view text, std::int32_t& position);
 
-    /// What was wrong in the fragment read last, each problem a line ended by CR LF, or u"Invalid JSON"
-    /// without one. Built on demand, since a line may quote the whole rest of the text. Fails with
+    /// The problems of the last fragment, a line each, ended by CR LF; u"Invalid JSON" if there was no
+    /// fragment to read. Built on demand, since a line may quote the whole rest of the text. Fails with
     /// outOfMemory when it would be longer than `maxTextLength`.
     [[nodiscard]] std::u16string parserErrors() const;
 

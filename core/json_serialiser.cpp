@@ -45,8 +45,7 @@ void appendEncoded(std::u16string_view text, cStringBuilder& line) {
     }
 }
 
-/// Appends a value to a line. Objects and arrays go one inside the other, no deeper than the reader makes
-/// them.
+/// Appends a value to a line. The recursion is as deep as the value; the reader limits that.
 struct Serialiser {
     cStringBuilder& line;
 
@@ -147,7 +146,7 @@ std::u16string serializeNativeArray(const NativeArray& array, std::int32_t dimen
             line.Append(u",");
     }
     line.Append(u"]");
-    if (dimension >= 2) // the first dimension would ask for a negative length and leaves the path alone
+    if (dimension >= 2) // for the first dimension the length would be negative; the path stays
         path.resize(std::min(path.size(), static_cast<std::size_t>(dimension - 2)));
     return line.toString();
 }

@@ -17,14 +17,13 @@ namespace brindlewick {
 class JsonObject;
 class JsonArray;
 
-/// Objects and arrays are read no deeper inside each other than this, so that reading, writing and destroying
-/// them one inside the other costs a bounded stack.
+/// The maximum nesting of objects and arrays. It bounds the stack that reading, writing and destroying take.
 inline constexpr int deepestNesting = 1024;
 
 struct JsonNull {};
 
 /// Empty (std::monostate), null, boolean, number, text, object or array. Objects and arrays are shared by
-/// reference and live as long as their last holder.
+/// reference.
 using JsonValue = std::variant<std::monostate, JsonNull, bool, DecimalNumber, std::u16string,
                                std::shared_ptr<JsonObject>, std::shared_ptr<JsonArray>>;
 
@@ -40,8 +39,8 @@ public:
     JsonObject(const JsonObject&) = delete;
     JsonObject& operator=(const JsonObject&) = delete;
 
-    /// False, and nothing changed, when the key is there already. Constant time on average, whatever the
-    /// number of members.
+    /// False, without a change, when the key exists. Constant time on average, whatever the number of
+    /// members.
     bool add(std::u16string key, JsonValue value);
     const std::vector<Member>& members() const noexcept { return members_; }
 

@@ -1,4 +1,4 @@
-// Finds out whether a key is new among many, without walking them.
+// Checks whether a key is new among many in constant time.
 #pragma once
 
 #include <cstddef>
@@ -8,15 +8,15 @@
 
 namespace brindlewick {
 
-/// Seeded anew in every process, so that no file can be made whose keys all collide.
+/// Seeded at random in every process, so that nobody can make a file whose keys all collide.
 std::size_t hashOfKey(std::u16string_view key) noexcept;
 
-/// An open-addressed set of key numbers (0, 1, 2, ... in the order of adding). The keys themselves stay with
-/// the owner, who gives them by number. While there are few, they are compared one by one.
+/// An open-addressed set of key numbers (0, 1, 2, ... in the order of adding). The owner stores the keys and
+/// returns them by number. A few keys are compared one by one.
 class KeyIndex {
 public:
-    /// Enters the key under the number `count`, unless one of the `count` keys entered before is equal; then
-    /// false. `keyAt(number)` gives a key entered before. Constant time on average.
+    /// Adds the key with the number `count`. False, without a change, if one of the `count` keys before is
+    /// equal. `keyAt(number)` returns a key that was added before. Constant time on average.
     template <class KeyAt>
     bool add(std::u16string_view key, std::size_t count, const KeyAt& keyAt) {
         if (count < fewKeys) {
@@ -40,7 +40,7 @@ public:
 private:
     static constexpr std::size_t fewKeys = 8;
 
-    /// The slot that holds an equal key, or the free one where it belongs.
+    /// The slot of an equal key, or the free one where the key belongs.
     template <class KeyAt>
     std::size_t slotFor(std::u16string_view key, const KeyAt& keyAt) const {
         std::size_t slot = hashOfKey(key) % slots_.size();

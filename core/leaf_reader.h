@@ -14,7 +14,7 @@
 
 namespace brindlewick {
 
-/// What is wrong in a text, beside members and elements that fail.
+/// Problems of a text other than members and elements that fail.
 enum class ReadingProblem : std::uint8_t {
     missingBrace,
     missingBracket,
@@ -23,20 +23,19 @@ enum class ReadingProblem : std::uint8_t {
     invalidKey,
 };
 
-/// Each reader begins and ends at `at_`. The larger ones are kept out of line: inlined where a value is read,
-/// they would make every short value save registers that only they need (a twelfth of the time on nested
-/// documents).
+/// Each function reads from `at_` and moves it. The larger ones are not inlined: otherwise every short value
+/// would save registers that only they need, which costs a twelfth of the time on nested documents.
 template <class Sink>
 class LeafReader {
 protected:
     explicit LeafReader(Sink& sink) noexcept : sink_(sink) {}
 
     bool atEnd() const noexcept { return at_ == end_; }
-    /// The unit at hand; 0xFFFF, which no test looks for, at the end.
+    /// The current unit; 0xFFFF, which no caller compares with, at the end.
     char16_t unit() const noexcept { return atEnd() ? u'\xFFFF' : *at_; }
     void skipIgnorable() { at_ = pastIgnorable(at_, end_); }
 
-    /// Up to the quote that opened the string, or to the end of the text.
+    /// Reads up to the quote that opened the string, or to the end of the text.
     template <char16_t quote>
     [[gnu::noinline]] void readString() {
         ++at_;
@@ -52,14 +51,15 @@ protected:
                 readEscape();
             else
                 sink_.putUnit(c);
-            // In text beyond ASCII, one unit that is not a run's follows another.
+            // Units beyond ASCII usually come in succession; runs do not include them.
             for (; !atEnd() && *at_ >= 128; ++at_)
                 sink_.putUnit(*at_);
         }
         sink_.endString();
     }
 
-    /// What follows a backslash. An unknown escape is nothing: its letter is then read as an ordinary unit.
+    /// Reads what follows a backslash. An unknown escape gives nothing; its letter is then read as an
+    /// ordinary unit.
     void readEscape() {
         static constexpr std::u16string_view letters = u"\"\\/'bfnrt";
         static constexpr std::u16string_view meanings = u"\"\\/'\b\f\n\r\t";
@@ -71,7 +71,7 @@ protected:
             ++at_;
             unsigned value = 0;
             bool isDigit = true;
-            // Four units, whatever they are, a closing quote among them; the digits before another unit
+            // Takes four units of any kind, even a closing quote. Only digits before the first other unit
             // count.
             for (int units = 0; units < 4 && !atEnd(); ++units, ++at_) {
                 const std::optional<unsigned> digit = hexadecimalValue(*at_);
@@ -82,7 +82,8 @@ protected:
         }
     }
 
-    /// Every unit that a number may hold, in any order. A run that the end of the text cuts off is empty.
+    /// Takes all units that may occur in a number, in any order. A run that reaches the end of the text is
+    /// empty.
     [[gnu::noinline]] std::optional<FailureNumber> readNumber() {
         if (sink_.takePlainNumber(at_, end_))
             return std::nullopt;
@@ -123,10 +124,11 @@ protected:
         return isHere;
     }
 
-    /// Up to a ":" outside quotes, which is consumed, or past a closing quote that no ":" follows. Blanks and
-    /// line ends are dropped, inside quotes too; there are no escapes.
+    /// Reads up to a ":" outside quotes, which is consumed, or past a closing quote that is not followed by
+    /// ":". Blanks and line ends are dropped, also inside quotes; there are no escapes.
     void readKey() {
-        // Most keys are in double quotes, hold nothing with a meaning, and have their colon right after them.
+        // Most keys are in double quotes, contain no unit with a meaning, and are followed directly by the
+        // colon.
         if (unit() == u'"') {
             const char16_t* const stop = sink_.takeKeyRun(at_ + 1, end_);
             if (end_ - stop > 1 && stop[0] == u'"' && stop[1] == u':') {

@@ -1,4 +1,4 @@
-// Many lines in one text, so that they can be looked through together.
+// Many lines in one text, so that they can be searched together.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 
 namespace brindlewick {
 
-/// Nothing stands between the lines. Valid as long as what it was taken from is not changed.
+/// There is nothing between the lines. Valid until the object that returned it changes.
 struct LineBatch {
     std::u16string_view text;
     std::span<const std::uint32_t> ends; ///< of each line, in code units from the start of `text`

@@ -26,7 +26,7 @@ void LineBatchReader::startAt(TextPlace place, std::uint64_t cutDistance, std::u
     cutDistance_ = cutDistance;
     lastCut_ = lastCut;
     at_ = static_cast<std::size_t>(
-        place.units); // the window is filled, and what is before `at_` dropped, on demand
+        place.units); // the window is still empty: it is filled, and its front dropped, on demand
     lookForCutAfter(place.cut);
 }
 
@@ -74,7 +74,7 @@ void LineBatchReader::noteCut() {
     lookForCutAfter(cut);
 }
 
-/// In the window, code units; beyond it when none is known.
+/// Code units from the window's start; beyond its end when no cut is known.
 std::size_t LineBatchReader::nextCutInWindow() const {
     const std::uint64_t unit = windowStart_ + at_;
     const auto isAfter = [](std::uint64_t one, const Cut& cut) { return one < cut.start; };

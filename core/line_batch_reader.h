@@ -1,4 +1,4 @@
-// Reads a file's text as lines, many at a time, and holds no more text than it has to.
+// Reads a file's text as lines, many at a time, with little text in memory.
 #pragma once
 
 #include "core/line_reader.h"
@@ -11,8 +11,8 @@
 
 namespace brindlewick {
 
-/// A place in a file's text that does not depend on where reading began. Text before the first cut is counted
-/// from cut 0, the text's beginning; any other from the last cut before it. Places order as the text does.
+/// A place in a file's text, independent of where reading began. It is counted from the last cut at or before
+/// it; cut 0 is the beginning of the text. Places compare in the order of the text.
 struct TextPlace {
     std::uint64_t cut = 0;
     std::uint64_t units = 0; ///< code units from the cut on
@@ -22,40 +22,41 @@ struct TextPlace {
 
 /// Why a batch of lines ended.
 enum class BatchEnd {
-    full,     ///< it is long enough, a cut is reached, or text has to be read; the piece may have more
-    tooLong,  ///< the next fragment's line would be longer than `maxTextLength`; it is passed over
+    full, ///< it is long enough, a cut is reached, or more text must be read first; the piece may have more
+    tooLong,  ///< the next fragment's line would be longer than `maxTextLength`; it is skipped
     pieceEnd, ///< the piece has no more
 };
 
-/// The text at hand is a window on the piece: what has been read is dropped, and the window grows only for a
-/// fragment that does not fit, fourfold each time, so that reading it again costs a third of reading it once.
+/// The text in memory is a window of the piece: text that has been read is dropped. The window grows only for
+/// a fragment that does not fit, fourfold each time, so that the repeated readings together cost a third of
+/// the last.
 class LineBatchReader {
 public:
     LineBatchReader() : window_(UnitBuffer::unlimited) {}
 
     TextFileReader& file() noexcept { return file_; }
 
-    /// Goes on to the file's next piece; false when there is none. Fails as TextFileReader does.
+    /// Moves to the file's next piece; false when there is none. Fails as TextFileReader does.
     bool nextPiece();
-    /// Replaces the batch by the lines of the fragments that follow: enough for about `minUnits` code units,
-    /// and no fragment that begins after the next cut. Fails as TextFileReader does.
+    /// Replaces the batch by the lines of the next fragments: about `minUnits` code units, and no fragment
+    /// that begins after the next cut. Fails as TextFileReader does.
     BatchEnd nextBatch(std::size_t minUnits);
     /// Valid until the next call.
     LineBatch batch() const noexcept { return lines_.batch(); }
 
-    // Places, in text with a UTF-8 mark. Cut number k is at the first separator at or after the byte k times
-    // `cutDistance` from the text's beginning, if there is one before the next multiple.
+    // Places exist only in text with a UTF-8 mark. Cut k is at the first separator at or after the byte k *
+    // `cutDistance` of the text, if there is one before the byte (k + 1) * `cutDistance`.
 
-    /// Makes the cuts up to number `lastCut` known. Reading is at `place`, with the file's reader at the
-    /// place's cut.
+    /// Starts reading at `place`; the file's reader must be at the place's cut. Batches end at cuts up to
+    /// `lastCut`.
     void startAt(TextPlace place, std::uint64_t cutDistance, std::uint64_t lastCut);
-    /// Whether placeOf() can be asked; it costs a little time for every fragment.
+    /// Sets whether placeOf() can be called; this costs a little time for every fragment.
     void keepPlaces(bool keeps) noexcept { lines_.keepStarts(keeps); }
-    /// Where the batch's fragment number `line` began.
+    /// The start of the fragment of the batch's line number `line`.
     TextPlace placeOf(std::size_t line) const { return placeAt(lines_.starts()[line]); }
-    /// Where the fragment began that was read last, one without a line included.
+    /// The start of the last fragment, also of one without a line.
     TextPlace placeOfLast() const { return placeAt(lines_.lastStart()); }
-    /// Where the next fragment begins.
+    /// The start of the next fragment.
     TextPlace place() const { return placeAt(windowStart_ + at_); }
 
 private:
@@ -78,7 +79,7 @@ private:
     std::uint64_t firstCut_ = 0;
     std::uint64_t cutDistance_ = 0; ///< bytes; 0 without cuts
     std::uint64_t lastCut_ = 0;
-    std::vector<Cut> cuts_; ///< that have been decoded, after the first
+    std::vector<Cut> cuts_; ///< decoded cuts after the first
 };
 
 } // namespace brindlewick

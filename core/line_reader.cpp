@@ -6,9 +6,9 @@ namespace brindlewick {
 
 namespace {
 
-// Nothing that is read looks further ahead than the letters of "false" or the digits of an escape.
+// The grammar looks ahead at most as far as the letters of "false" or the digits of an escape.
 constexpr std::size_t maxLookAhead = 8;
-// Lines that share the buffer with one of the maximum length.
+// Code units of other lines in the buffer, besides a line of the maximum length.
 constexpr std::size_t maxBatchBefore = std::size_t{1} << 20;
 
 } // namespace
@@ -28,7 +28,7 @@ FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at,
     UnitBuffer& lines = writer_.buffer();
     if (lines.length() > maxBatchBefore)
         startBatch();
-    // A fragment that comes this near to the text's end may be another with more text.
+    // A fragment that ends this near the text's end may read differently with more text.
     const std::size_t cutAt =
         isWhole ? std::u16string_view::npos : text.size() - std::min(text.size(), maxLookAhead - 1);
     const std::size_t lookUpAt = std::min(stopAt, cutAt);

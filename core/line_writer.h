@@ -1,4 +1,4 @@
-// The sinks that turn a fragment into its normalised line, or pass over one whose line is too long.
+// The sinks that write a fragment as its normalised line, or skip one whose line is too long.
 #pragma once
 
 #include "core/key_index.h"
@@ -19,7 +19,7 @@ namespace brindlewick {
 struct DecimalNumber;
 enum class ReadingProblem : std::uint8_t;
 
-/// The keys of the objects being read, innermost last, as places in the buffer that holds their units.
+/// The keys of the objects being read, innermost last, as places in the buffer that contains their units.
 class OpenKeys {
 public:
     /// A place in the buffer, in code units.
@@ -27,7 +27,7 @@ public:
         std::size_t start = 0;
         std::size_t length = 0;
     };
-    /// What is known of one object.
+    /// An object that is being read.
     struct Object {
         std::size_t memberStart = 0; ///< in the buffer
         std::size_t firstKey = 0;    ///< number of the object's first key
@@ -37,14 +37,14 @@ public:
 
     bool hasMembers(const Object& object) const noexcept { return keys_.size() > object.firstKey; }
     void open(Object& object) const noexcept { object.firstKey = keys_.size(); }
-    /// False when the object has a key of the same units.
+    /// False when the object already has an equal key.
     bool add(Object& object, const UnitBuffer& buffer) {
         if (hasMembers(object) && !isNew(object, buffer))
             return false;
         keys_.push_back(object.key);
         return true;
     }
-    /// Where the object's keys begin in a buffer that ends at `end` and holds nothing but keys.
+    /// Where the object's keys begin in a buffer that ends at `end` and contains only keys.
     std::size_t startOf(const Object& object, std::size_t end) const {
         return hasMembers(object) ? keys_[object.firstKey].start : end;
     }
@@ -62,11 +62,11 @@ private:
 };
 
 /// A sink of FragmentReader. Appends the fragment's line to a buffer: no blanks between its parts, members in
-/// order, keys as they are read, strings in printable ASCII, numbers in plain positional form. Fails with
+/// order, keys as they are read, strings in printable ASCII, numbers in positional form. Fails with
 /// outOfMemory as soon as the buffer is too long.
 class LineWriter {
 public:
-    /// The buffer holds at least `maxLength` code units.
+    /// The buffer may grow to at least `maxLength` code units.
     explicit LineWriter(std::size_t maxLength) : line_(maxLength) {}
 
     /// What has been written, one line after the other.
@@ -189,9 +189,8 @@ private:
 
     template <class Stops>
     [[gnu::noinline]] const char16_t* copyLongRun(const char16_t* from, const char16_t* end) {
-        // Room for many blocks at a time, so that the inner loop neither asks for room nor writes to the
-        // buffer's own numbers: written units may alias them, and every block would wait for the one before
-        // it.
+        // Makes room for many blocks at a time, so that the inner loop neither checks for room nor stores the
+        // buffer's length: that could alias the units, and every block would wait for the one before it.
         constexpr std::size_t blocksAtOnce = 32;
         while (static_cast<std::size_t>(end - from) >= blockLength) {
             const std::size_t blocks =
@@ -221,12 +220,12 @@ private:
 
     UnitBuffer line_;
     OpenKeys keys_;
-    std::size_t objectStart_ = 0; ///< of the object that takePlainMember has looked at
+    std::size_t objectStart_ = 0; ///< of the object that was passed to takePlainMember
     std::size_t keyStart_ = 0;    ///< of the key being read
 };
 
 /// A sink of FragmentReader that finds a fragment's end and writes nothing. It keeps the keys of open
-/// objects, since a key that an object has already ends the object.
+/// objects, since a duplicate key ends its object.
 class FragmentSkipper {
 public:
     using Object = OpenKeys::Object;

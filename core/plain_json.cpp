@@ -9,8 +9,8 @@ namespace brindlewick {
 
 namespace {
 
-/// The length of a value without quotes or brackets that is written just as it is read; 0 for any other. As
-/// many units as "false" has can be read at `from`.
+/// The length of a plain value without quotes or brackets; 0 for any other. At least as many units as "false"
+/// has must be readable at `from`.
 std::size_t plainValueLength(const char16_t* from, const char16_t* end) {
     switch (*from) {
     case u't':
@@ -51,7 +51,7 @@ std::size_t plainNumberLength(const char16_t* from, const char16_t* end) {
 
 PlainMember readPlainMember(const char16_t*& at, const char16_t* end, UnitBuffer& line) {
     constexpr std::ptrdiff_t maxLength = 480;          // code units of the member's text
-    constexpr std::ptrdiff_t margin = 2 * blockLength; // can be read past any place up to `limit`
+    constexpr std::ptrdiff_t margin = 2 * blockLength; // readable past any place up to `limit`
     if (end - at < maxLength / 4)
         return PlainMember::none;
     const char16_t* from = at;
@@ -79,9 +79,9 @@ PlainMember readPlainMember(const char16_t*& at, const char16_t* end, UnitBuffer
 
     *to++ = u'{';
     *to++ = u'"';
-    ++from; // whatever is there
+    ++from; // any unit
     skipBlanks();
-    if (*from == u'{') { // an object that begins in a fragment of its own has its brace in the key
+    if (*from == u'{') { // at a "," that starts a fragment, a brace after it is part of the key
         *to++ = *from++;
         skipBlanks();
     }

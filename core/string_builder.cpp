@@ -24,8 +24,8 @@ std::int64_t byteLength(std::u16string_view text) {
     return static_cast<std::int64_t>(text.size()) * 2;
 }
 
-/// The 1-based position of `wanted` in `text` from the 1-based `start`; 0 when it is not there or the start
-/// lies beyond the end.
+/// The 1-based position of `wanted` in `text` from the 1-based `start`; 0 when it does not occur or the start
+/// is beyond the end.
 std::int64_t positionOf(std::u16string_view wanted, std::u16string_view text, std::int64_t start) {
     if (start > static_cast<std::int64_t>(text.size()))
         return 0;
@@ -94,8 +94,7 @@ std::int32_t cStringBuilder::Find(std::u16string_view sToFind, std::int32_t lSta
     std::u16string wanted;
     std::int64_t start = lStartIndex;
     if (lStartIndex >= 1) {
-        // A hit has to begin inside the content, so no more of the tail can matter than the wanted text is
-        // long.
+        // A hit begins inside the content, so only as much of the tail matters as the wanted text is long.
         const auto tail = static_cast<std::size_t>(Capacity() - Length());
         text = content_ + std::u16string(std::min(tail, sToFind.size()), u' ');
         wanted = sToFind;

@@ -1,4 +1,4 @@
-// A growable text buffer that grows in fixed chunks and whose spare tail reads as blanks.
+// A text buffer that grows in fixed chunks; its unused tail reads as blanks.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +9,9 @@ namespace brindlewick {
 
 enum class TextComparison : std::int32_t { binary = 0, text = 1 };
 
-/// Counts are held in bytes, two to a UTF-16 code unit, in signed 32-bit numbers; a count that would leave
-/// them fails with overflow. No failing operation changes anything. The chunk-wise capacity is what
-/// Capacity() reports and what Find() sees as blanks; the memory behind the tail is not filled until somebody
-/// looks.
+/// Counts are signed 32-bit numbers of bytes, two to a UTF-16 code unit; an operation whose count does not
+/// fit fails with overflow. An operation that fails changes nothing. Capacity() reports, and Find() searches,
+/// the content and a tail of blanks up to a whole number of chunks; the blanks are only computed when needed.
 class cStringBuilder {
 public:
     /// The content's length in code units.
@@ -28,12 +27,12 @@ public:
     std::u16string toString() const { return content_; }
     /// The content itself, valid until the next change.
     std::u16string_view view() const noexcept { return content_; }
-    /// Replaces the content. The capacity never shrinks, except that an empty text gives it up.
+    /// Replaces the content. The capacity does not shrink, except that an empty text frees it.
     void TheString(std::u16string_view sThis);
-    /// Gives up content and capacity; the chunk size stays.
+    /// Removes the content and frees the capacity; the chunk size stays.
     void Clear() noexcept;
 
-    /// Adds at the end, growing by as many chunks as it takes. Amortised linear in the text.
+    /// Adds at the end; grows by as many chunks as needed. Amortised linear in the text.
     void Append(std::u16string_view sThis);
     void AppendByVal(std::u16string sThis) { Append(sThis); }
     /// Append, then CR LF.
@@ -42,18 +41,18 @@ public:
     /// Puts text before the code unit at `iIndex` (from 0; Length() appends). Fails with subscriptOutOfRange.
     void Insert(std::int32_t iIndex, std::u16string_view sThis);
     void InsertByVal(std::int32_t iIndex, std::u16string sThis) { Insert(iIndex, sThis); }
-    /// Takes `lLen` code units from `iIndex` away. Fails with subscriptOutOfRange. The capacity stays.
+    /// Removes `lLen` code units from `iIndex` on. Fails with subscriptOutOfRange. The capacity stays.
     void Remove(std::int32_t iIndex, std::int32_t lLen);
 
-    /// From start 1 on: the 1-based position at which the whole buffer, blank tail included, first holds the
-    /// text, if that lies before the last used code unit; otherwise 0.
-    /// Below 1 the arguments are crossed, and callers may count on it: the buffer's text is taken as the
-    /// start position and the decimal number of `compare` is searched for inside `sToFind`. That fails with
-    /// typeMismatch unless the buffer holds a number, with invalidProcedureCall for a number below 1.
+    /// With a start of 1 or more: the 1-based position of the text's first occurrence in the buffer, blank
+    /// tail included, if that is before the last used code unit; otherwise 0. With a start below 1 the
+    /// arguments are exchanged, which callers may rely on: the buffer's text is the start position, and the
+    /// decimal number of `compare` is searched for in `sToFind`. Fails with typeMismatch if the buffer's text
+    /// is not a number, with invalidProcedureCall for a number below 1.
     std::int32_t Find(std::u16string_view sToFind, std::int32_t lStartIndex = 1,
                       TextComparison compare = TextComparison::text) const;
 
-    /// Trims the spare tail to at most one chunk.
+    /// Reduces the unused tail to at most one chunk.
     void HeapMinimize() noexcept;
 
 private:

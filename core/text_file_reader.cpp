@@ -18,8 +18,7 @@ constexpr std::size_t bufferLength = pieceLength * 2;      // bytes: the units o
 constexpr std::size_t maxSeparatorLook = 32;               // bytes after a comma
 constexpr std::size_t utf8StretchLength = pieceLength / 2; // bytes; small enough to stay in the cache
 
-/// How many of the bytes can be decoded before the next ones are known: all but a character cut short at the
-/// end.
+/// How many of the bytes can be decoded without the next ones: all but an incomplete character at the end.
 std::size_t completeUtf8Length(std::string_view bytes) {
     const std::size_t farthest = std::min<std::size_t>(bytes.size(), 3);
     for (std::size_t back = 1; back <= farthest; ++back) {
@@ -77,7 +76,7 @@ TextFileReader::TextFileReader() : bytes_(std::make_unique_for_overwrite<char[]>
 bool TextFileReader::open(std::u16string_view path) {
     auto file = std::make_shared<TextFile>(path);
     start(file, 0);
-    // What has no length, a pipe among it, is not read: no one may ever write to it.
+    // A file without a length, such as a pipe, is not read: reading could wait for ever.
     const bool hasBytes = file->bytes.length() > 0;
     fillBuffer(bufferLength);
     file->mark = DetectByteOrderMark(buffered().substr(0, 4));
@@ -94,7 +93,7 @@ void TextFileReader::start(std::shared_ptr<const TextFile> file, std::uint64_t o
     bufferOffset_ = offset;
     begin_ = end_ = 0;
     atEnd_ = false;
-    // From within a file of several pieces there may be none left.
+    // After a start within a file of several pieces there may be none left.
     gaveAPiece_ = !file_->mark.isUtf8 && offset > file_->textStart;
     isPieceComplete_ = true;
     breakFrom_ = never;
@@ -181,7 +180,7 @@ void TextFileReader::fillBuffer(std::size_t wanted) {
     bufferOffset_ += begin_;
     end_ -= begin_;
     begin_ = 0;
-    // No more than the file had when it was opened, so that all its readers see the same text.
+    // At most as many bytes as the file had when it was opened, so that all its readers see the same text.
     const std::uint64_t left = file_->bytes.length() - std::min(file_->bytes.length(), bufferOffset_ + end_);
     const auto room = static_cast<std::size_t>(std::min<std::uint64_t>(bufferLength - end_, left));
     const std::size_t count = file_->bytes.readAt(bufferOffset_ + end_, {bytes_.get() + end_, room});

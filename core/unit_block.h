@@ -1,7 +1,7 @@
-// Sixteen code units looked at together: which of them equal a unit, which need care.
+// Sixteen code units that are compared together.
 //
-// With SSE2, which every x86-64 processor has, a question costs an instruction or two for all sixteen;
-// elsewhere plain loops answer, for the compiler to do its best with.
+// With SSE2, which every x86-64 processor has, a comparison takes one or two instructions for all sixteen;
+// other processors use loops that the compiler can vectorise.
 #pragma once
 
 #include <bit>
@@ -17,12 +17,12 @@ namespace brindlewick {
 
 inline constexpr std::size_t blockLength = 16;
 
-/// The units are narrowed to bytes: those from U+0100 to U+7FFF become FF, those above become 00. A question
-/// about a unit from 1 to 254 is answered exactly.
+/// The units are narrowed to bytes: U+0100 to U+7FFF become FF, those above become 00. So comparisons are
+/// exact for values from 1 to 254.
 class UnitBlock {
 public:
 #if defined(__SSE2__)
-    /// An answer: one bit a unit, once asked for.
+    /// The result of a comparison; bits() has one bit a unit.
     struct Answer {
         __m128i bytes;
         Answer operator|(Answer other) const { return {_mm_or_si128(bytes, other.bytes)}; }
@@ -95,7 +95,7 @@ private:
 #endif
 };
 
-/// The number of the first unit of which the bit is set; `bits` is not 0.
+/// The index of the first unit whose bit is set; `bits` is not 0.
 inline std::size_t firstOf(unsigned bits) {
     return static_cast<std::size_t>(std::countr_zero(bits));
 }

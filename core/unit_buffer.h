@@ -13,18 +13,17 @@
 
 namespace brindlewick {
 
-/// Room is made first, for as many code units as may follow; then they are put without looking. What lies
-/// behind the units put is never initialised.
+/// makeRoom comes first, for as many code units as may follow; `put` does not check. Memory after the last
+/// unit is not initialised.
 class UnitBuffer {
 public:
-    /// Far beyond any memory.
+    /// More than any memory.
     static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max() / 8;
 
-    /// Beyond `longest` code units no more room is made.
+    /// No more room is made once there are more than `longest` code units.
     explicit UnitBuffer(std::size_t longest) noexcept : longest_(longest) {}
 
-    /// Makes room for `count` more code units. Fails with outOfMemory when the buffer is longer than it may
-    /// be.
+    /// Makes room for `count` more code units. Fails with outOfMemory when the buffer is too long.
     void makeRoom(std::size_t count) {
         if (capacity_ - length_ < count) [[unlikely]]
             grow(count);
@@ -34,7 +33,7 @@ public:
         std::copy(text.begin(), text.end(), end());
         length_ += text.size();
     }
-    /// Where the next code unit goes: who writes there says how many with `advance`.
+    /// Where the next code unit goes. A caller that writes there then calls `advance`.
     char16_t* end() noexcept { return units_.get() + length_; }
     void advance(std::size_t count) noexcept { length_ += count; }
 
@@ -48,11 +47,11 @@ public:
 
 private:
     void grow(std::size_t count) {
-        // What is asked for is an upper bound, so only what was put can be too long.
+        // `count` is an upper bound, so only the units that were put decide.
         if (length_ > longest_)
             throw Failure(FailureNumber::outOfMemory);
         const std::size_t capacity = std::max(std::min(capacity_ * 2, longest_), length_ + count + 1024);
-        // Not new memory and a copy: the system moves large blocks without touching them.
+        // realloc, because the system moves large blocks without copying them.
         void* const units = std::realloc(units_.get(), capacity * sizeof(char16_t));
         if (units == nullptr)
             throw std::bad_alloc();

@@ -4,7 +4,7 @@ namespace brindlewick {
 
 namespace {
 
-/// From a "/" or "*" on.
+/// Skips comments; at a "/" or "*".
 const char16_t* pastComments(const char16_t* at, const char16_t* end) {
     bool slashSeen = false;
     bool inComment = false;
@@ -50,7 +50,7 @@ const char16_t* pastIgnorableRun(const char16_t* from, const char16_t* end) {
         if (c == u'/' || c == u'*')
             return pastComments(from, end);
         ++from;
-        // An indented line may begin after a line end.
+        // An indented line often follows a line end.
         while (c == u'\n' && static_cast<std::size_t>(end - from) >= blockLength) {
             const char16_t* const line = from;
             from = pastIndentation(line);

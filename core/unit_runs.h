@@ -1,5 +1,5 @@
-// What single code units mean in JSON text, and how far a run of units without a meaning goes: sixteen at a
-// time.
+// What single code units mean in JSON text, and how far a run of units without a meaning extends, sixteen at
+// a time.
 #pragma once
 
 #include "core/unit_block.h"
@@ -12,7 +12,7 @@
 
 namespace brindlewick {
 
-/// The meanings of a code unit below 128, as bits. Units from 128 on have none but `escaped`.
+/// The meanings of a code unit below 128, as bits. Units from 128 on only have `escaped`.
 enum UnitKind : std::uint8_t {
     ignorable = 1, ///< a blank, a line end, a parenthesis, or the beginning of a comment
     inNumber = 2,  ///< may be part of a number
@@ -49,7 +49,7 @@ inline bool isBlank(char16_t unit) noexcept {
     return unit == u' ' || unit == u'\n' || unit == u'\r' || unit == u'\t';
 }
 
-/// Ends a run of units that a key in double quotes takes as they are.
+/// The units that end a run inside a key in double quotes.
 struct KeyStops {
     static UnitBlock::Answer in(const UnitBlock& block) {
         return block.belowOrHigh(u' ' + 1) | block.equal('"') | block.equal('\'') | block.equal(':');
@@ -59,7 +59,7 @@ struct KeyStops {
     }
 };
 
-/// Ends a run of units that are written as they are and do not end a string in `quote`s.
+/// The units that end a run inside a string in `quote`s: those that need an escape, and the quote.
 template <char16_t quote>
 struct StringStops {
     static UnitBlock::Answer in(const UnitBlock& block) {
@@ -81,18 +81,18 @@ const char16_t* runEnd(const char16_t* from, const char16_t* end) {
     return from;
 }
 
-/// Past the blanks (U+0020) at `line`, but for those beyond a block. A block can be read there.
+/// Skips up to a block of blanks (U+0020) at `line`. A whole block must be readable there.
 inline const char16_t* pastIndentation(const char16_t* line) {
     const unsigned others = ~UnitBlock(line).equal(' ').bits();
     return line + std::min(firstOf(others), blockLength);
 }
 
-/// See pastIgnorable, which is the one to call.
+/// Called by pastIgnorable.
 const char16_t* pastIgnorableRun(const char16_t* from, const char16_t* end);
 
-/// Past blanks, line ends, parentheses and comments. A lone "/" or "*" outside a comment counts as a blank,
-/// and units between a "*" and a later "/" do not keep the two from closing a block comment. Both are odd,
-/// and kept.
+/// Skips blanks, line ends, parentheses and comments. A lone "/" or "*" outside a comment counts as a blank,
+/// and a "*" and a later "/" close a block comment even with other units between them. Both are odd, and
+/// kept.
 inline const char16_t* pastIgnorable(const char16_t* from, const char16_t* end) {
     return from < end && isKind(ignorable, *from) ? pastIgnorableRun(from, end) : from;
 }

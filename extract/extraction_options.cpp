@@ -11,7 +11,7 @@ namespace brindlewick {
 
 namespace {
 
-// Code units: enough for the number of any mode, even with 28 decimal places.
+// Code units: enough for the number of every mode, also with 28 decimal places.
 constexpr std::size_t maxNumberLength = 64;
 
 bool isEqual(const DecimalNumber& number, std::uint32_t whole) {
@@ -40,7 +40,7 @@ void ExtractionOptions::setIncludeFilename(bool include) {
 }
 
 ExtractionMode modeFromSetting(std::u16string_view stored) {
-    // The longest leading part that is a number counts: u"2abc" is 2, u"1.0" is 1.
+    // The longest prefix that is a number: u"2abc" is 2, u"1.0" is 1.
     const std::size_t start = std::min(stored.find_first_not_of(u" \t\r\n"), stored.size());
     const std::size_t end = std::min(stored.find_first_not_of(u"+-0123456789.eE", start), stored.size());
     for (std::size_t length = std::min<std::size_t>(end - start, maxNumberLength); length > 0; --length) {

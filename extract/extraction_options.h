@@ -1,4 +1,4 @@
-// The two choices that steer a run: the extraction mode and whether rows carry the file's name.
+// The two options of a run: the extraction mode, and whether rows show the file's name.
 #pragma once
 
 #include "platform/settings_store.h"
@@ -12,7 +12,7 @@
 
 namespace brindlewick {
 
-/// `none` is possible after a stored value that names no mode; a run then behaves as valueWithoutTag.
+/// `none` results from a stored value that is no mode's number; a run then behaves as with valueWithoutTag.
 enum class ExtractionMode : std::int32_t {
     none = 0,
     valueAndTag = 1,
@@ -46,7 +46,7 @@ inline constexpr auto extractionModes = std::to_array<ModeEntry>({
 template <class Value>
 using PerMode = std::array<Value, extractionModes.size()>;
 
-/// The mode's place in `extractionModes`; none for ExtractionMode::none.
+/// The mode's index in `extractionModes`; none for ExtractionMode::none.
 [[nodiscard]] constexpr std::optional<std::size_t> placeOf(ExtractionMode mode) noexcept {
     for (std::size_t place = 0; place < extractionModes.size(); ++place)
         if (extractionModes[place].mode == mode)
@@ -75,8 +75,8 @@ private:
     bool includeFilename_ = false;
 };
 
-/// The mode for a stored "Option". Leading blanks are skipped and leading digits count, so u"2abc" is mode 2.
-/// Text without a leading number, and the number of no mode, give `none`.
+/// The mode for a stored "Option". Skips leading blanks and reads the leading number, so u"2abc" is mode 2.
+/// Text without a leading number, and a number that no mode has, give `none`.
 [[nodiscard]] ExtractionMode modeFromSetting(std::u16string_view stored);
 /// The number of a stored "Check1" or "ShowAgain". Text that is not a whole number fails with typeMismatch,
 /// a number that does not fit 16 bits with overflow.

@@ -17,9 +17,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::size_t maxHeldBytes = std::size_t{1} << 22; // of lines that have been read ahead
+constexpr std::size_t maxHeldBytes = std::size_t{1} << 22; // of results that wait
 constexpr std::size_t maxFilesAhead = 2048;
-constexpr auto patience = 10ms;              // between two looks at the window's events
+constexpr auto patience = 10ms;              // the longest wait between handling events
 constexpr std::uint64_t stepsPerFile = 1000; // of the progress bar
 
 } // namespace
@@ -61,7 +61,7 @@ void ExtractionRun::extractFiles(const Guard& guard, RunOutcome& outcome) {
     while (!user_.isStopRequested()) {
         while (added < files && added - ended < maxFilesAhead) {
             guard([&] {
-                if (added >= inputPaths_.size()) // the list has become shorter while the window was alive
+                if (added >= inputPaths_.size()) // an event has shortened the list
                     throw Failure(FailureNumber::subscriptOutOfRange);
                 jobs.addLast({.path = inputPaths_[added],
                               .fileNumber = added,
@@ -88,7 +88,7 @@ void ExtractionRun::extractFiles(const Guard& guard, RunOutcome& outcome) {
     outcome.filesEmpty = extraction.filesEmpty();
 }
 
-/// Names the first file that has not ended. `share` is of that file, 0 to 1.
+/// Shows the first file that has not ended. `share` is the part of that file that is done, 0 to 1.
 void ExtractionRun::showProgress(const Guard& guard, const RunOutcome& outcome, double share) {
     const std::size_t ended = outcome.filesEnded;
     const auto steps = static_cast<std::uint64_t>((static_cast<double>(ended) + share) * stepsPerFile);

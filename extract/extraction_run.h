@@ -1,5 +1,4 @@
-// The extraction run: every input file is read, cut into fragments, and every fragment that holds a tag
-// becomes a row.
+// The extraction run: reads every input file and makes a row of every fragment that contains a tag.
 #pragma once
 
 #include "extract/extraction_options.h"
@@ -15,26 +14,26 @@
 
 namespace brindlewick {
 
-/// How a run reads ahead.
+/// How worker threads read ahead.
 struct ReadAhead {
-    std::size_t workers = 0; ///< threads; 0: one for each processor that the process may use
-    std::uint64_t stretchBytes = std::uint64_t{1} << 18; ///< of a file that one worker reads at a time
+    std::size_t workers = 0; ///< number of threads; 0: one for each processor that the process may use
+    std::uint64_t stretchBytes = std::uint64_t{1} << 18; ///< the part of a file that one job reads
 };
 
 class ExtractionRun {
 public:
-    /// The lists, the options and the table are referred to, not copied: the run reads them as they stand at
-    /// the moment it needs them. Tags are read once, when a run starts.
+    /// Refers to the lists, the options and the table, and copies none: a run uses their current state. Only
+    /// the tags are read once, when a run starts.
     ExtractionRun(UserInterface& user, const ExtractionOptions& options,
                   const std::vector<std::u16string>& inputPaths, const std::vector<std::u16string>& tags,
                   ResultsTable& table, ReadAhead readAhead = {}) noexcept
         : user_(user), options_(options), inputPaths_(inputPaths), tags_(tags), table_(table),
           readAhead_(readAhead) {}
 
-    /// "Start Extracting". Fills the table from empty; every failure is reported and the run goes on. Workers
-    /// read and match ahead; rows are added on the caller's thread, in the order of the files, while the
-    /// window's events are handled. Time and memory are linear in the files' bytes and the rows' text; of the
-    /// files, no more is held than a few stretches.
+    /// "Start Extracting". Clears the table and fills it; a failure is reported and the run continues. Worker
+    /// threads read and match ahead; the caller's thread adds the rows in the order of the files and handles
+    /// events. Time is linear in the files' bytes and the rows' text. Of the files, only a few stretches are
+    /// in memory.
     void PushButton7_Click();
 
 private:

@@ -11,7 +11,7 @@ namespace brindlewick {
 
 namespace {
 
-// Rows, and fragments, between two looks at the window's events.
+// Rows, and fragments, between two calls of yield.
 constexpr std::size_t rowsBetweenYields = 4096;
 constexpr std::size_t fragmentsBetweenYields = 32;
 
@@ -71,7 +71,7 @@ void FileExtraction::dropFile() {
     file_ = FileState::unreadable;
 }
 
-/// The stretch is read from the place that is known to be right, for the mode of its piece.
+/// Has the stretch read again from at_, which is certainly a fragment's start, and for the piece's mode.
 void FileExtraction::readAgain(Stretch&& stretch, StretchJobs& jobs) {
     stretch.begin = at_;
     stretch.isAgain = true;
@@ -80,8 +80,8 @@ void FileExtraction::readAgain(Stretch&& stretch, StretchJobs& jobs) {
         dropFile();
 }
 
-/// Adds the rows of what starts at `starts[firstStart]` or later. False when the lines are not those that the
-/// mode needs; at_ is then the place from which to read again.
+/// Adds the rows of the entries from `starts[firstStart]` on. False when the worker has kept other lines than
+/// the mode needs; at_ is then the place from which to read again.
 bool FileExtraction::addEntries(const StretchLines& read, std::uint32_t firstStart) {
     const auto isBefore = [](const StretchLines::Entry& entry, std::uint32_t start) {
         return entry.start < start;
@@ -101,8 +101,8 @@ bool FileExtraction::addEntries(const StretchLines& read, std::uint32_t firstSta
             mode_ = options_.mode();
             if (!isForMode())
                 return false;
-            // Mode 4 gathers anew in every piece, so a file of several pieces ends with what its last one
-            // held.
+            // Mode 4 starts again in every piece, so a file of several pieces gives the texts of its last
+            // one.
             if (mode_ == ExtractionMode::all)
                 walker_.clearTexts();
             break;
@@ -129,8 +129,8 @@ void FileExtraction::extractLine(std::u16string_view line, std::size_t matches) 
         addRows(trimmedBlanks(line), matches);
         return;
     }
-    // The row is the same for every matching tag, but for the fragment that holds the run's first array: only
-    // the first tag's pass begins before that array was seen.
+    // Every matching tag gives the same row, except in the fragment with the run's first array: there the
+    // walk for the first tag starts before an array was seen, the others after.
     const bool arraySeenBefore = walker_.arraySeen();
     walkToRow(line);
     const bool isFirstArray = !arraySeenBefore && walker_.arraySeen();
@@ -141,7 +141,7 @@ void FileExtraction::extractLine(std::u16string_view line, std::size_t matches) 
     }
 }
 
-/// Leaves the row's text in row_; empty for a fragment without a value text, which makes no row.
+/// Sets row_ to the row's text; empty for a fragment without a value text, which has no row.
 void FileExtraction::walkToRow(std::u16string_view line) {
     walker_.clearTexts();
     walker_.walk(line);
@@ -153,7 +153,7 @@ void FileExtraction::walkToRow(std::u16string_view line) {
     row_.append(walker_.valueText());
 }
 
-/// One row for each of `count` tags; an empty text makes none, outside mode 4.
+/// Adds a row for each of `count` tags; none for an empty text, except in mode 4.
 void FileExtraction::addRows(std::u16string_view text, std::size_t count) {
     if (text.empty() && mode_ != ExtractionMode::all)
         return;
@@ -165,8 +165,7 @@ void FileExtraction::addRows(std::u16string_view text, std::size_t count) {
     }
 }
 
-/// Mode 4 needs no tag, but asks for the first one all the same. Without any, that is a failure, reported
-/// once.
+/// Mode 4 does not use the first tag, but reads it. Without tags that fails, which is reported once a run.
 void FileExtraction::readFirstTag() {
     if (tags_.empty() && !std::exchange(missingTagReported_, true))
         guard_.report(FailureNumber::subscriptOutOfRange);

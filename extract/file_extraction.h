@@ -1,4 +1,4 @@
-// Turns what workers have read into rows: the stretches of files, in order.
+// Makes rows of the stretches that workers have read, in order.
 #pragma once
 
 #include "extract/extraction_options.h"
@@ -19,20 +19,19 @@ namespace brindlewick {
 
 using StretchJobs = OrderedJobs<Stretch, StretchLines>;
 
-/// One object serves a whole run, because arrays in one file affect the rows of the next (see
-/// FragmentWalker). All is done on the window's thread.
+/// One object is used for a whole run, because arrays in one file affect the rows of the next (see
+/// FragmentWalker). Used on the window's thread only.
 class FileExtraction {
 public:
     FileExtraction(UserInterface& user, const Guard& guard, const ExtractionOptions& options,
                    const std::vector<std::u16string>& tags, ResultsTable& table) noexcept
         : user_(user), guard_(guard), options_(options), tags_(tags), table_(table) {}
 
-    /// Adds the rows of a stretch, which follows the one before it. Where it was not read from the right
-    /// place, or not for the mode at hand, it is added to `jobs` again. A file that cannot be read is
-    /// reported once and keeps no row; a fragment that fails is reported and left out. True when the file has
-    /// ended.
+    /// Adds the rows of the next stretch. If it was read from a wrong place, or for another mode, it is added
+    /// to `jobs` again. A file that cannot be read is reported once and has no rows; a fragment that fails is
+    /// reported and left out. True at the end of the file.
     bool addRows(StretchJobs::Outcome& outcome, StretchJobs& jobs);
-    /// Ends the file whose rows have been added so far, if there is one.
+    /// Ends the current file, if there is one.
     void endFile();
 
     /// Of the files that have ended, those that were read, and those without bytes.
@@ -58,9 +57,9 @@ private:
     ResultsTable& table_;
     FragmentWalker walker_;
     FileState file_ = FileState::none;
-    TextPlace at_;                               ///< where the file's next fragment starts
-    std::size_t rowsBefore_ = 0;                 ///< the file
-    ExtractionMode mode_ = ExtractionMode::none; ///< as it was when the piece was started
+    TextPlace at_;                               ///< the start of the file's next fragment
+    std::size_t rowsBefore_ = 0;                 ///< rows of the files before
+    ExtractionMode mode_ = ExtractionMode::none; ///< as it was at the start of the piece
     std::u16string row_;                         ///< buffer, reused between fragments
     bool missingTagReported_ = false;
     std::size_t filesRead_ = 0;

@@ -9,7 +9,7 @@ namespace brindlewick {
 
 namespace {
 
-constexpr char16_t separator = u' '; // is written after every piece
+constexpr char16_t separator = u' '; // after every part of a text
 
 enum Unwanted : std::uint8_t {
     none = 0,
@@ -41,7 +41,7 @@ constexpr std::uint8_t keyUnwanted = quote | openBrace | openBracket | closeBrac
 constexpr std::uint8_t levelUnwanted = keyUnwanted;
 constexpr std::uint8_t valueUnwanted = quote | openBrace | closeBrace;
 constexpr std::uint8_t looseValueUnwanted = valueUnwanted | closeBracket;
-/// The value cleaning of a text whose brackets were removed first.
+/// As appendValueCleaning, with brackets removed first.
 constexpr std::uint8_t partUnwanted = valueUnwanted | openBracket | closeBracket;
 
 void appendWithout(std::uint8_t unwanted, std::u16string_view text, std::u16string& target) {
@@ -97,7 +97,7 @@ void FragmentWalker::walkElement(std::u16string_view element) {
         walkOtherElement(element);
 }
 
-/// A "{" and the key behind it open one level, however many braces there are; braces alone are a value.
+/// A "{" and the key after it open one level, also after several braces; braces alone are a value.
 void FragmentWalker::walkObjectElement(std::u16string_view element) {
     if (element.find(u',') != std::u16string_view::npos) {
         addParts(element);
@@ -121,8 +121,8 @@ void FragmentWalker::walkArrayElement(std::u16string_view element) {
     arraySeen_ = true;
 }
 
-/// Before the first array of a run an element is one piece, its commas and the next member's key included;
-/// after it, an element is cut at its commas, and one without commas is lost.
+/// Before the first array of a run, the whole element is one part, including its commas and the next member's
+/// key. After it, the element is cut at its commas, and an element without commas is lost.
 void FragmentWalker::walkOtherElement(std::u16string_view element) {
     name_.clear();
     appendKeyCleaning(element, name_);
@@ -135,7 +135,8 @@ void FragmentWalker::walkOtherElement(std::u16string_view element) {
     }
 }
 
-/// Every level opened writes the name, so the length is checked before: it may grow as the element's square.
+/// Writes the name once for every level. Checks the length first, because it may be the square of the
+/// element's.
 void FragmentWalker::openLevels(std::u16string_view name, std::size_t count) {
     if (count > (maxTextLength - keyText_.size()) / (name.size() + 1))
         throw Failure(FailureNumber::outOfMemory);
@@ -145,7 +146,7 @@ void FragmentWalker::openLevels(std::u16string_view name, std::size_t count) {
     }
 }
 
-/// Adds every part between commas, without any brackets.
+/// Adds every part between commas, without brackets.
 void FragmentWalker::addParts(std::u16string_view element) {
     for (;;) {
         const std::size_t comma = element.find(u',');

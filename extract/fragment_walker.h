@@ -1,4 +1,4 @@
-// Turns a fragment's line into key text and value text, by splitting it and stripping characters.
+// Makes key text and value text from a fragment's line, by splitting it and stripping characters.
 #pragma once
 
 #include <string>
@@ -6,25 +6,23 @@
 
 namespace brindlewick {
 
-// The four cleanings. Each appends the text to `target` without the listed characters and without the
-// blanks (U+0020) that then lead or trail.
+// Each of the four functions appends the text to `target` without the listed characters, and then without
+// leading and trailing blanks (U+0020).
 void appendKeyCleaning(std::u16string_view text, std::u16string& target); ///< without " { [ ]
 void appendLevelCleaning(std::u16string_view text,
-                         std::u16string& target); ///< without " { [ ]; a "}" survives
+                         std::u16string& target);                           ///< without " { [ ], with }
 void appendValueCleaning(std::u16string_view text, std::u16string& target); ///< without " { }
 void appendLooseValueCleaning(std::u16string_view text,
-                              std::u16string& target); ///< without " { } ]; a "[" survives
+                              std::u16string& target); ///< without " { } ], with [
 
-/// Works on the line's text, not on parsed values: crude, and kept so, because users rely on the texts it
-/// gives.
+/// Works on the line's text, not on parsed values. This is crude, and kept because users rely on the texts.
 ///
-/// The state that lasts is `arraySeen`: once any element that begins with "[" was walked, fragments without
-/// an array give other text than before, until the walker is made anew.
+/// `arraySeen` persists: after the first element that begins with "[", fragments without an array give a
+/// different text, as long as this walker is used.
 class FragmentWalker {
 public:
-    /// Adds what the line holds to the key text and the value text. Fails with outOfMemory as soon as either
-    /// would become longer than `maxTextLength`; what was added before stays. Linear in the line and the text
-    /// added.
+    /// Adds the line's keys and values to the two texts. Fails with outOfMemory as soon as one would become
+    /// longer than `maxTextLength`; what was added before stays. Linear in the line and the added text.
     void walk(std::u16string_view line);
     /// Empties both texts; arraySeen stays.
     void clearTexts() noexcept;
@@ -44,7 +42,7 @@ private:
 
     std::u16string keyText_;
     std::u16string valueText_;
-    std::u16string name_; ///< room for the name of a level, kept between calls
+    std::u16string name_; ///< buffer for the name of a level, reused between calls
     bool arraySeen_ = false;
 };
 

@@ -9,7 +9,7 @@
 
 namespace brindlewick {
 
-/// Each handler reports its own failures, which only the settings store can cause.
+/// Each handler reports its failures. Only the settings store can cause one.
 class OptionHandlers {
 public:
     OptionHandlers(UserInterface& user, ExtractionOptions& options) noexcept

@@ -1,5 +1,5 @@
-// Runs jobs on worker threads, ahead of whoever takes their results, and returns the results in the order of
-// the jobs.
+// Runs jobs on worker threads ahead of the thread that takes their results, and returns the results in the
+// order of the jobs.
 #pragma once
 
 #include "platform/failure.h"
@@ -20,29 +20,29 @@
 
 namespace brindlewick {
 
-/// One thread, the owner's, adds jobs and takes results; workers take the jobs in order, one at a time. A job
-/// may add one that follows it directly, before it ends itself. Memory is bounded: while the results that
-/// wait to be taken hold `maxHeld` bytes, only the first job of all is begun. No lock is held while a job
-/// runs.
+/// One thread, the owner's, adds jobs and takes outcomes. Workers start the jobs in order; each runs one at a
+/// time. A running job may add a job that directly follows it. Memory is bounded: while the finished results
+/// take `maxHeld` bytes or more, a worker starts a job only if its outcome is the next to be taken. Jobs run
+/// without a lock.
 ///
-/// `Result` has a default and `std::size_t heldBytes() const`.
+/// `Result` has a default constructor and `std::size_t heldBytes() const`.
 template <class Job, class Result>
 class OrderedJobs {
 public:
     struct Outcome {
-        Job job; ///< as the worker left it
+        Job job; ///< as changed by the worker
         Result result;
-        std::optional<FailureNumber> failure; ///< the job threw; `result` is then unfinished
+        std::optional<FailureNumber> failure; ///< of a job that threw; `result` is then incomplete
     };
 
-    /// Called by a worker that runs a job: adds the job that follows it.
+    /// For a running job: adds the job that directly follows it.
     using AddNext = std::function<void(Job)>;
-    /// What a worker does; each has its own. The result is new, or one that was given back, with its old
+    /// Runs a job. Each worker has its own Work. The result is new, or one that was given back, with its old
     /// content.
     using Work = std::function<void(Job&, Result&, const AddNext&)>;
 
-    /// Starts up to `workers` threads (at least one is asked for), each with work of its own. Without any
-    /// thread, as on a system that has none left, the jobs run on the owner's.
+    /// Starts `workers` threads, at least one, or as many as the system permits. If it permits none, the jobs
+    /// run on the owner's thread.
     OrderedJobs(std::size_t workers, std::size_t maxHeld, const std::function<Work()>& makeWork)
         : state_(std::make_shared<State>()) {
         state_->maxHeld = maxHeld;
@@ -55,21 +55,21 @@ public:
             while (threads_.size() < workers)
                 threads_.emplace_back([state = state_, work = makeWork()] { runJobs(*state, work); });
         } catch (const std::system_error&) {
-            // Fewer workers do as well.
+            // The jobs run with fewer workers.
         } catch (...) {
             stop();
             throw;
         }
     }
-    /// Jobs that have not begun are dropped. A worker that does not end soon, as when its disk does not
-    /// answer, is left to itself: what it uses is its own or shared.
+    /// Drops jobs that have not started. A worker that does not end soon, for example because its disk does
+    /// not answer, is detached: it uses only memory that it owns or shares.
     ~OrderedJobs() { stop(); }
     OrderedJobs(const OrderedJobs&) = delete;
     OrderedJobs& operator=(const OrderedJobs&) = delete;
 
-    /// Adds a job after all others. It may begin at the next call of `take`.
+    /// Adds a job after all others. It starts at the next call of `take` or later.
     void addLast(Job job) { pushWaiting(added_, std::move(job)); }
-    /// For a job that has to be done again: its outcome is the next.
+    /// Adds a job before all others, to repeat one whose outcome has been taken.
     void addFirst(Job job) {
         Slots slot;
         pushWaiting(slot, std::move(job));
@@ -88,8 +88,9 @@ public:
         return taken_.empty() && added_.empty() && state_->slots.empty();
     }
 
-    /// The next outcome, if it is there within `patience`. All that are there are moved at once, and while
-    /// none is, the owner is woken for a good number of them rather than for each: a job may be short.
+    /// The next outcome, or none after `patience`. Takes all finished outcomes from the workers at once.
+    /// While it waits, workers wake it for a number of outcomes rather than for each, because jobs may be
+    /// short.
     std::optional<Outcome> take(std::chrono::milliseconds patience) {
         if (taken_.empty() || added_.size() >= maxAddedUnknown)
             fetch(taken_.empty() ? patience : patience.zero());
@@ -100,8 +101,8 @@ public:
         return outcome;
     }
 
-    /// Lets a later job use the memory of a result that is no longer needed. Memory that goes round stays
-    /// mapped and in the cache; new memory for every result costs a tenth of the time.
+    /// Returns the memory of a result for a later job. Reused memory stays mapped and in the cache; new
+    /// memory for every result costs a tenth of the time.
     void giveBack(Result&& result) {
         if (spares_.size() < maxSpares && result.heldBytes() <= maxSpareBytes)
             spares_.push_back(std::move(result));
@@ -110,7 +111,7 @@ public:
 private:
     static constexpr std::size_t maxSpares = 16;
     static constexpr std::size_t maxSpareBytes = std::size_t{1} << 20;
-    static constexpr std::size_t maxAddedUnknown = 32; ///< jobs that the workers do not know of yet
+    static constexpr std::size_t maxAddedUnknown = 32; ///< jobs that have not been passed to the workers
     static constexpr std::chrono::milliseconds patienceAtEnd{50};
 
     enum class Stage { waiting, running, done };
@@ -127,9 +128,9 @@ private:
         std::condition_variable outcomesReady;
         std::condition_variable workerLeft;
         Slots slots;                                 ///< in the order of the jobs
-        typename Slots::iterator next = slots.end(); ///< none before it is waiting
+        typename Slots::iterator next = slots.end(); ///< the first that is waiting
         std::vector<Result> spares;
-        std::size_t held = 0; ///< bytes of all that is done
+        std::size_t held = 0; ///< bytes of all finished results
         std::size_t maxHeld = 0;
         std::size_t idle = 0; ///< workers
         std::size_t left = 0; ///< workers that have ended
@@ -141,7 +142,7 @@ private:
         slots.push_back({{std::move(job), Result(), std::nullopt}, Stage::waiting, 0});
     }
 
-    /// Exchanges with the workers: jobs and spare memory for outcomes.
+    /// Passes jobs and spare memory to the workers, and takes outcomes from them.
     void fetch(std::chrono::milliseconds patience) {
         std::unique_lock lock(state_->mutex);
         State& state = *state_;
@@ -182,7 +183,7 @@ private:
             state.outcomesReady.notify_one();
     }
 
-    /// Runs the first job that waits.
+    /// Runs the first waiting job.
     static void runFirst(State& state, const Work& work, std::unique_lock<std::mutex>& lock) {
         const auto slot = state.next;
         slot->stage = Stage::running;
@@ -253,8 +254,8 @@ private:
     std::shared_ptr<State> state_; ///< shared with workers that outlive this object
     std::vector<std::thread> threads_;
     Work ownWork_;
-    Slots added_; ///< and not yet known to the workers
-    Slots taken_; ///< from the workers, and not yet returned by `take`
+    Slots added_; ///< not yet passed to the workers
+    Slots taken_; ///< taken from the workers, not yet returned by `take`
     std::vector<Result> spares_;
 };
 

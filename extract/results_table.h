@@ -25,7 +25,7 @@ struct TableColumn {
     Content content;
 };
 
-/// Is called on the window's thread, inside the operation that changes the table.
+/// Called on the window's thread, inside the operation that changes the table.
 class ResultsTableListener {
 public:
     virtual ~ResultsTableListener() = default;
@@ -101,7 +101,7 @@ private:
     };
     static_assert(sizeof(Row) <= 16);
 
-    /// What the rows consist of.
+    /// The rows and the memory of their texts.
     struct Rows {
         std::vector<std::unique_ptr<Row[]>> blocks;
         std::size_t count = 0;

@@ -9,7 +9,7 @@ namespace brindlewick {
 
 namespace {
 
-constexpr std::size_t rowWork = 16; // code units that are compared in the time that a row takes
+constexpr std::size_t rowWork = 16; // the cost of a row, in compared code units
 constexpr std::size_t wordBits = 64;
 
 std::vector<std::uint32_t> bordersOf(std::u16string_view text) {
@@ -71,7 +71,7 @@ bool RowFinder::searchRow(std::size_t row, std::size_t& work) {
         KnownCell& known = known_[column_];
         const std::size_t file = table_.fileNumber(row);
         const std::u16string_view cell = table_.cell(row, column_);
-        // Not the address alone: a file's path may get the address of another one.
+        // The address alone does not suffice: a file's path may get the address of an earlier one.
         const bool isKnown =
             file == known.file && cell.data() == known.text.data() && cell.size() == known.text.size();
         if (!isKnown) {
@@ -135,7 +135,7 @@ std::size_t RowFinder::hitsBefore(std::size_t row) const noexcept {
 
 std::optional<std::size_t> RowFinder::hitFrom(std::size_t row) const noexcept {
     const std::size_t end = table_.rowCount();
-    // Rows from `firstRow_` on are searched without a gap.
+    // The rows from `firstRow_` on are searched in succession.
     if (const auto hit = firstHitIn(row, end); hit && (isDone() || row >= firstRow_))
         return hit;
     return isDone() ? firstHitIn(0, row) : std::nullopt;

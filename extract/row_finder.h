@@ -20,12 +20,12 @@ public:
     /// The table must outlive this object.
     explicit RowFinder(const ResultsTable& table) noexcept : table_(table) {}
 
-    /// Forgets the hits and begins a search for `text`; nothing contains the empty text. The rows from
+    /// Clears the hits and starts a search for `text`; no row contains the empty text. The rows from
     /// `firstRow` on are searched first, then those before it. Rows that are appended later are searched too.
     /// Call this again when rows were removed, before any other operation.
     void start(std::u16string_view text, std::size_t firstRow);
-    /// Searches on. Returns when about `work` code units were compared, which may be in the middle of a text,
-    /// or when isDone().
+    /// Continues the search. Returns after about `work` compared code units, possibly in the middle of a
+    /// text, or when isDone().
     void advance(std::size_t work);
     /// True if every row that the table has now was searched.
     [[nodiscard]] bool isDone() const noexcept;
@@ -33,7 +33,7 @@ public:
     /// A row is a hit if one of its cells contains the text.
     [[nodiscard]] bool isHit(std::size_t row) const noexcept;
     [[nodiscard]] std::size_t hitCount() const noexcept { return hitCount_; }
-    /// How many rows before `row` are hits.
+    /// The number of hits before `row`.
     [[nodiscard]] std::size_t hitsBefore(std::size_t row) const noexcept;
     /// The first hit from `row` on; if there is none, the first of all. None if there is no hit, or if rows
     /// that are not searched yet may contain a nearer one.
@@ -49,9 +49,9 @@ private:
         bool isHit = false;
     };
 
-    /// Searches on in the row; true when the row is done.
+    /// Continues in the row; true when the row is done.
     bool searchRow(std::size_t row, std::size_t& work);
-    /// Searches on in the cell until the text is found, or the cell or the work is at its end.
+    /// Continues in the cell until the text is found, the cell ends, or `work` is used up.
     void searchCell(std::u16string_view cell, std::size_t& work);
     void addHit(std::size_t row);
     [[nodiscard]] std::optional<std::size_t> firstHitIn(std::size_t begin, std::size_t end) const noexcept;

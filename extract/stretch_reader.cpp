@@ -8,11 +8,11 @@ namespace brindlewick {
 
 namespace {
 
-// Code units of lines: few enough to stay in the processor's first cache until they are looked through.
+// Code units of lines: few enough to stay in the processor's first cache until they are searched.
 constexpr std::size_t batchUnits = std::size_t{1} << 14;
-// Fragments that are read past a cut, so that two readings meet.
+// Fragments that are read past a cut, to find one at which the next stretch starts a fragment too.
 constexpr int maxFragmentsPastCut = 8;
-// Starts that are kept of a stretch, and units of lines until they are counted again.
+// Starts that are kept of a stretch, and code units of lines per batch while they are kept.
 constexpr std::size_t enoughStarts = 256;
 constexpr std::size_t unitsBetweenCounts = std::size_t{1} << 11;
 
@@ -67,10 +67,10 @@ void StretchReader::read(Stretch& stretch, StretchLines& read, const std::functi
         readPieces(stretch, read);
     lines_.file().close();
     if (!stretch.stretches)
-        stretch.file.reset(); // closed here, not on the thread that takes the lines
+        stretch.file.reset(); // close the file here, not on the window's thread
 }
 
-/// False for an empty file. It has no rows and no report, even when it cannot be opened.
+/// False for an empty file. It has no rows and no report, even if it cannot be opened.
 bool StretchReader::open(Stretch& stretch) {
     try {
         if (!lines_.file().open(stretch.path))
@@ -120,7 +120,7 @@ void StretchReader::readMarked(Stretch& stretch, StretchLines& read) {
     const std::uint64_t number = stretch.number;
     if (!stretch.begin)
         stretch.begin = stretches == nullptr ? TextPlace{0, 0} : stretches->begin(number);
-    if (stretch.begin && stretch.begin->cut > number) { // the reading before went on past this stretch
+    if (stretch.begin && stretch.begin->cut > number) { // the stretch before extends past this one
         read.end = *stretch.begin;
         stretches->end(number, read.end);
         return;
@@ -130,9 +130,9 @@ void StretchReader::readMarked(Stretch& stretch, StretchLines& read) {
         const std::uint64_t from = stretch.file->textStart + number * bytes;
         file.start(stretch.file, from);
         if (number > 0 && !file.skipToSeparator(from + bytes)) {
-            if (stretch.begin) // the cut has gone: the file has been changed
+            if (stretch.begin) // the cut no longer exists: the file has changed
                 throw Failure(FailureNumber::deviceIoError);
-            return; // without a cut, the reading before goes on past this stretch
+            return; // without a cut, the stretch before extends past this one
         }
     }
     if (!stretch.begin)
@@ -171,8 +171,8 @@ void StretchReader::readMarked(Stretch& stretch, StretchLines& read) {
         stretches->end(number, read.end);
 }
 
-/// Keeps what the run needs of the batch. Its first line's start is number `firstStart`, and each further
-/// line's is `step` later.
+/// Keeps the lines of the batch that the run needs. The first line has the start number `firstStart`, each
+/// further line one that is `step` higher.
 void StretchReader::keepLines(StretchLines& read, std::size_t firstStart, std::size_t step) {
     const LineBatch batch = lines_.batch();
     const auto startOf = [&](std::size_t line) {

@@ -10,7 +10,7 @@ namespace brindlewick {
 
 namespace {
 
-// Entries, 4 bytes each: beyond this the tags' own edges are followed instead of a full table.
+// Entries of 4 bytes. Beyond this number the tags' edges are used instead of a full table.
 constexpr std::size_t largestTable = std::size_t{1} << 24;
 
 std::uint64_t edgeKey(std::uint32_t state, std::uint32_t unitClass) {
@@ -22,7 +22,7 @@ std::uint64_t edgeKey(std::uint32_t state, std::uint32_t unitClass) {
 TagMatcher::TagMatcher(std::span<const std::u16string> tags) : classOfUnit_(65536, 0), nodes_(1) {
     for (const std::u16string& tag : tags)
         addTag(tag);
-    // A unit behaves like the folded unit that the tags were entered under.
+    // A unit has the class of its folded unit, under which the tags are entered.
     const char16_t* const folded = foldCaseTable();
     for (std::size_t unit = 0; unit < classOfUnit_.size(); ++unit)
         classOfUnit_[unit] = classOfUnit_[folded[unit]];
@@ -32,7 +32,7 @@ TagMatcher::TagMatcher(std::span<const std::u16string> tags) : classOfUnit_(6553
 
     const auto isNotEmpty = [](const std::u16string& tag) { return !tag.empty(); };
     const auto first = std::find_if(tags.begin(), tags.end(), isNotEmpty);
-    // One branch with one end: all tags but the empty ones are the same.
+    // A single branch with a single end: all tags that are not empty are the same.
     if (first != tags.end() && nodes_.size() == first->size() + 1 && nodes_.back().tags == otherTags_)
         search_ = TagSearch::of(*first);
 }
@@ -57,14 +57,14 @@ void TagMatcher::addTag(std::u16string_view tag) {
     ++nodes_[state].tags;
 }
 
-/// Goes through the states by depth, so that a suffix is linked before the states that fall back on it.
+/// Visits the states by depth, so that a suffix is linked before the states that fall back on it.
 void TagMatcher::linkFailures() {
     struct Edge {
         State parent;
         std::uint32_t unitClass;
     };
-    // States are numbered in the order of entering, children after their parents: a parent's edge is known
-    // first, and counting depths orders the states without sorting.
+    // Children have higher numbers than their parents, so parents come first, and a count by depth orders the
+    // states without sorting.
     std::vector<Edge> edgeTo(nodes_.size());
     for (const auto& [key, child] : edges_)
         edgeTo[child] = {static_cast<State>(key >> 16), static_cast<std::uint32_t>(key & 0xFFFF)};
@@ -180,9 +180,9 @@ const std::vector<std::uint32_t>& TagMatcher::findCandidates(const LineBatch& ba
     return lines;
 }
 
-/// Follows the table through four parts of the batch in turn: each step waits for the one before it in the
-/// same part, and the processor has the other parts to go on with. That a match may begin in one line and end
-/// in the next does no harm, as the marks are candidates only.
+/// Follows the table through four parts of the batch in turn: a step must wait for the one before it in its
+/// part, and meanwhile the processor works on the other parts. A match may begin in one line and end in the
+/// next, since the marks are only candidates.
 void TagMatcher::markByTable(const LineBatch& batch, Scratch& scratch) const {
     struct Part {
         const char16_t* at;
@@ -216,7 +216,7 @@ void TagMatcher::markByTable(const LineBatch& batch, Scratch& scratch) const {
         while (batch.ends[part.line] <= place)
             ++part.line;
         marks[part.line] = 1;
-        part.at = text + batch.ends[part.line]; // the rest of the line tells nothing new
+        part.at = text + batch.ends[part.line]; // the line is a candidate; skip its rest
         part.entry = 0;
     };
     for (;;) {
@@ -240,8 +240,8 @@ void TagMatcher::markByTable(const LineBatch& batch, Scratch& scratch) const {
                 markLine(part);
 }
 
-/// Counts the tags that end here, and stops at the first state counted in this line before: what it falls
-/// back on was counted with it.
+/// Counts the tags that end here. Stops at the first state that was already counted in this line, because the
+/// states it falls back on were counted with it.
 std::size_t TagMatcher::countOutputs(State state, Scratch& scratch) const {
     std::size_t count = 0;
     if (nodes_[state].tags == 0)

@@ -20,25 +20,25 @@ namespace brindlewick {
 /// tags' length, counting linear in the line's, however many tags there are and however they nest.
 class TagMatcher {
 public:
-    /// What a thread that matches needs for itself.
+    /// Buffers for matching; each thread has its own.
     class Scratch {
         friend class TagMatcher;
         std::vector<std::uint32_t>
-            countedIn_; ///< by state: the number of the line in which it was counted last
+            countedIn_; ///< by state: the number of the last line in which it was counted
         std::uint32_t line_ = 0;
-        std::vector<std::uint8_t> marks_; ///< by line of a batch: not 0 for a candidate
+        std::vector<std::uint8_t> marks_; ///< by line of a batch: 0 unless it is a candidate
         std::vector<std::uint32_t> candidates_;
     };
 
     explicit TagMatcher(std::span<const std::u16string> tags);
 
-    /// How many of the tags the line contains; equal tags count each. An empty tag is contained in every
-    /// line.
+    /// The number of tags that the line contains; each of several equal tags counts. Every line contains the
+    /// empty tag.
     std::size_t countMatches(std::u16string_view line, Scratch& scratch) const;
-    /// The numbers of the batch's lines that may contain a tag, in their order: all that do, and perhaps
-    /// others. Much faster than asking line by line. Valid as long as the scratch is not used again.
+    /// The numbers of the batch's lines that may contain a tag, in order: all that do, and possibly others.
+    /// Much faster than counting line by line. Valid until the scratch is used again.
     const std::vector<std::uint32_t>& findCandidates(const LineBatch& batch, Scratch& scratch) const;
-    /// How many tags each of the candidates contains, if that is the same for all: they need not be counted.
+    /// The number of tags that every candidate contains, if it is the same for all; they need no count then.
     /// Else 0.
     std::size_t matchesOfCandidates() const noexcept {
         return emptyTags_ == 0 && search_ && search_->isExact() ? otherTags_ : 0;
@@ -48,11 +48,11 @@ private:
     using State = std::uint32_t;
     static constexpr State root = 0;
 
-    /// What is known of a state besides its transitions.
+    /// A state without its transitions.
     struct Node {
         State failure = root;   ///< the longest proper suffix that is a state too
         State outputs = root;   ///< the nearest state on the failure chain that ends a tag; root for none
-        std::uint32_t tags = 0; ///< how many tags end here
+        std::uint32_t tags = 0; ///< number of tags that end here
     };
 
     void addTag(std::u16string_view tag);
@@ -68,16 +68,16 @@ private:
     void startLine(Scratch& scratch) const;
 
     std::vector<std::uint16_t>
-        classOfUnit_; ///< by code unit: 0 for one that no tag holds, equal for units that fold alike
+        classOfUnit_; ///< by code unit: 0 for one in no tag, equal for units that fold alike
     std::uint32_t classCount_ = 1;
     std::unordered_map<std::uint64_t, State> edges_; ///< by state * 65536 + class
     std::vector<Node> nodes_;
-    /// Where each state goes on, state by state, as the next state's place in the table times 2, plus 1 when
-    /// tags end in that state. Empty when it would be too large.
+    /// The transitions, state by state: the next state's index in the table times 2, plus 1 if tags end in
+    /// that state. Empty if it would be too large.
     std::vector<std::uint32_t> table_;
     std::size_t emptyTags_ = 0;
     std::size_t otherTags_ = 0;
-    std::optional<TagSearch> search_; ///< when there is one tag, written in whatever case
+    std::optional<TagSearch> search_; ///< if there is one tag, in any letter case
 };
 
 } // namespace brindlewick

@@ -9,7 +9,7 @@ namespace brindlewick {
 
 namespace {
 
-// No more of a tag is compared, so that a tag that nearly occurs everywhere costs no more than another.
+// Code units of a tag that are compared. The limit bounds the cost of a tag that nearly occurs everywhere.
 constexpr std::size_t longestBeginning = 16;
 
 std::uint8_t narrowed(std::size_t unit) {
@@ -77,7 +77,7 @@ void TagSearch::search(const LineBatch& batch, std::vector<std::uint32_t>& lines
     const std::u16string_view text = batch.text;
     std::size_t line = 0;
     std::size_t at = 0;
-    // True when the tag stands at `place` within a line: that line is noted, and left.
+    // True if the tag may be at `place`, within one line. Appends the line and moves past it.
     const auto noteLine = [&](std::size_t place) {
         if (!mayStandAt(text, place))
             return false;

@@ -1,4 +1,4 @@
-// Looks for a single tag in many lines at once.
+// Searches many lines for a single tag at once.
 #pragma once
 
 #include "core/line_batch.h"
@@ -13,23 +13,23 @@
 
 namespace brindlewick {
 
-/// Compares two neighbouring code units of the tag with sixteen places of the text at a time, and looks
-/// closer only where both fit.
+/// Compares two neighbouring code units of the tag with sixteen places of the text at a time, and compares
+/// more only where both match.
 class TagSearch {
 public:
-    /// None for a tag whose first units have too many forms; `tag` is not empty.
+    /// None for a tag whose first units have too many letter cases; `tag` is not empty.
     static std::optional<TagSearch> of(std::u16string_view tag);
 
-    /// Appends the numbers of the lines in which the tag may occur, in their order: all in which it does, and
-    /// few others. Linear in the lines, whatever the tag.
+    /// Appends the numbers of the lines that may contain the tag, in order: all that do, and few others.
+    /// Linear in the lines for every tag.
     void appendCandidates(const LineBatch& batch, std::vector<std::uint32_t>& lines) const;
 
-    /// True when the tag does occur in every line that appendCandidates appends.
+    /// True if every line that appendCandidates appends contains the tag.
     bool isExact() const noexcept { return isExact_; }
 
 private:
-    /// The bytes that a unit and its other letter cases narrow to (see UnitBlock); repeated when there are
-    /// fewer.
+    /// The bytes to which a unit and its other letter cases are narrowed (see UnitBlock), repeated to fill
+    /// the array.
     using Forms = std::array<std::uint8_t, 3>;
 
     TagSearch() = default;
