@@ -17,7 +17,6 @@ TEST_F(StartUp, EveryKindOfSettingsOpensAWindowThatRuns) {
     const std::string overflow = report("Overflow", "Form1.Form_Load");
     const std::string mismatch = report("Type mismatch", "Form1.Form_Load");
     const struct {
-        const char* what;
         const char16_t* key;
         std::u16string value;
         int mode;
@@ -25,17 +24,16 @@ TEST_F(StartUp, EveryKindOfSettingsOpensAWindowThatRuns) {
         std::size_t tags;
         Texts reports;
     } cases[] = {
-        {"none", u"", u"", 1, "Results", 0, {}},
-        {"mode", u"Option", u"3", 3, "Results", 0, {}},
-        {"no such mode", u"Option", u"7", 0, "Results", 0, {}},
-        {"ticked", u"Check1", u"1", 1, "Filename|Results", 0, {}},
-        {"no number", u"Check1", u"x", 1, "Results", 0, {mismatch}},
-        {"large", u"Check1", u"99999999999", 1, "Results", 0, {overflow}},
-        {"empty pieces", u"Tags", u"a" + separator + separator + u"b" + separator, 1, "Results", 2, {}},
-        {"no record", u"Snapshot", std::u16string(u"\0\xD800", 2), 1, "Results", 0, {}},
+        {u"", u"", 1, "Results", 0, {}},
+        {u"Option", u"3", 3, "Results", 0, {}},
+        {u"Option", u"7", 0, "Results", 0, {}},
+        {u"Check1", u"1", 1, "Filename|Results", 0, {}},
+        {u"Check1", u"x", 1, "Results", 0, {mismatch}},
+        {u"Check1", u"99999999999", 1, "Results", 0, {overflow}},
+        {u"Tags", u"a" + separator + separator + u"b" + separator, 1, "Results", 2, {}},
     };
-    for (const auto& [what, key, value, mode_, columns, tagCount, reports] : cases) {
-        SCOPED_TRACE(utf8(key) + " " + what);
+    for (const auto& [key, value, mode_, columns, tagCount, reports] : cases) {
+        SCOPED_TRACE(utf8(key) + " = " + utf8(value));
         std::filesystem::remove_all(folder.path() / "settings");
         if (*key != u'\0')
             SettingsFile().SaveSetting(key, value);

@@ -11,7 +11,6 @@
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -59,9 +58,6 @@ void ScriptedPerson::note(const QDialog& dialog, const QStringList& buttons) {
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
         line += (box->icon() == QMessageBox::Warning ? " (!): " : ": ") + box->text();
         line += " [" + buttons.join(u',') + "]";
-    } else if (const auto* const scrolling = dialog.findChild<QPlainTextEdit*>()) {
-        EXPECT_TRUE(scrolling->isReadOnly());
-        line += ": " + scrolling->toPlainText() + " [" + buttons.join(u',') + "]";
     }
     static const QRegularExpression lineNumber("at line \\d+");
     shown_.push_back(line.replace(lineNumber, "at line N").toStdString());
