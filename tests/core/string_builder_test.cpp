@@ -59,16 +59,5 @@ TEST(StringBuilder, FindsInsideTheBufferButNotAtItsLastUnit) {
     EXPECT_EQ(builder.Find(u"x", 99999), 0);
 }
 
-TEST(StringBuilder, CrossesTheArgumentsOfFindBelowStartOne) {
-    cStringBuilder builder;
-    builder.Append(u"2    ");
-    EXPECT_EQ(builder.Find(u"10011", 0, TextComparison::text), 4);
-    EXPECT_EQ(builder.Find(u"10011", 0, TextComparison::binary), 2);
-    builder.TheString(u"0");
-    EXPECT_EQ(failureOf([&] { (void)builder.Find(u"x", 0); }), FailureNumber::invalidProcedureCall);
-    builder.TheString(u"two");
-    EXPECT_EQ(failureOf([&] { (void)builder.Find(u"x", -1); }), FailureNumber::typeMismatch);
-}
-
 } // namespace
 } // namespace brindlewick

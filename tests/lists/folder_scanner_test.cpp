@@ -30,12 +30,6 @@ TEST(Scan, ListsTheFilesOfATree) {
         EXPECT_EQ(Tree(names(one.tree)).scan(one.starts), names(one.files));
 }
 
-TEST(Scan, ListsAHiddenFileThatIsReadOnly) {
-    Tree tree({".a.json", ".b.json"});
-    fs::permissions(tree.folder.path() / ".b.json", fs::perms::owner_read);
-    EXPECT_EQ(tree.scan({"."}), Names{".b.json"});
-}
-
 TEST(Scan, EntersAProtectedFolderThatIsARootAlone) {
     EXPECT_TRUE(isRootFolder(own(u"/")) && !isRootFolder(own(u"/a")));
     for (const unsigned attributes : {22u, 1046u})

@@ -195,7 +195,6 @@ TEST_F(Lists, JoinTagsForTheSettingAndRestoreNonEmptyPieces) {
          {u"a" + mark + mark + u" b " + mark, mark + u"a|" + mark + u"||myseparator12||"})
         appendTagsFromSetting(stored, tags);
     EXPECT_EQ(outcome(tags), "|a| b |a||||myseparator12|||");
-    static_cast<void>(tagsToSetting(listOf(Texts(32767, u"t")))); // they are counted in 16 bits
     EXPECT_EQ(failureOf([] { static_cast<void>(tagsToSetting(listOf(Texts(32768, u"t")))); }),
               FailureNumber::overflow);
 }

@@ -76,9 +76,7 @@ public:
         return answerTo("folder: ", prompt, start);
     }
     void setPointer(PointerShape shape) override {
-        note(shape == PointerShape::standard    ? "pointer: standard"
-             : shape == PointerShape::hourglass ? "pointer: hourglass"
-                                                : "pointer: hand");
+        note(shape == PointerShape::hourglass ? "pointer: hourglass" : "pointer: standard");
     }
     void yield() override {
         if (whenYielding)
