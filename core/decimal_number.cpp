@@ -10,7 +10,7 @@ namespace {
 __extension__ using Wide = unsigned __int128;
 
 constexpr Wide largestMagnitude = (Wide{1} << 96) - 1;
-constexpr int mostDigits = 29; // of a 96-bit magnitude
+constexpr int maxDigits = 29; // of a 96-bit magnitude
 
 // Only the sign of an exponent beyond this matters: no text has enough digits to compensate for it.
 constexpr std::int64_t largestExponent = std::int64_t{1} << 40;
@@ -148,9 +148,9 @@ DecimalReading readDecimal(std::u16string_view text) {
         return {decimalOf(0, largestScale, false), std::nullopt};
 
     const std::int64_t wholeDigits = digits.length() - first - scale; // before the point; may be negative
-    if (wholeDigits > mostDigits)
+    if (wholeDigits > maxDigits)
         return {{}, FailureNumber::overflow};
-    for (std::int64_t tried = std::min(largestScale, mostDigits - wholeDigits); tried >= 0; --tried) {
+    for (std::int64_t tried = std::min(largestScale, maxDigits - wholeDigits); tried >= 0; --tried) {
         const Wide magnitude = rounded(digits, first, wholeDigits + tried);
         if (magnitude <= largestMagnitude)
             return {decimalOf(magnitude, tried, parts->negative), std::nullopt};
@@ -159,7 +159,7 @@ DecimalReading readDecimal(std::u16string_view text) {
 }
 
 void appendDecimal(const DecimalNumber& number, std::u16string& text) {
-    char16_t reversed[mostDigits + 3];
+    char16_t reversed[maxDigits + 3];
     std::size_t length = 0;
     int places = 0;
     const auto put = [&](unsigned digit) {

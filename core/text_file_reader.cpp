@@ -20,8 +20,8 @@ constexpr std::size_t utf8StretchLength = pieceLength / 2; // bytes; small enoug
 
 /// How many of the bytes can be decoded without the next ones: all but an incomplete character at the end.
 std::size_t completeUtf8Length(std::string_view bytes) {
-    const std::size_t farthest = std::min<std::size_t>(bytes.size(), 3);
-    for (std::size_t back = 1; back <= farthest; ++back) {
+    const std::size_t maxBack = std::min<std::size_t>(bytes.size(), 3);
+    for (std::size_t back = 1; back <= maxBack; ++back) {
         const auto byte = static_cast<unsigned char>(bytes[bytes.size() - back]);
         if (byte >= 0xC0) {
             const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : 2;

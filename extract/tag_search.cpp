@@ -10,7 +10,7 @@ namespace brindlewick {
 namespace {
 
 // Code units of a tag that are compared. The limit bounds the cost of a tag that nearly occurs everywhere.
-constexpr std::size_t longestBeginning = 16;
+constexpr std::size_t maxBeginning = 16;
 
 std::uint8_t narrowed(std::size_t unit) {
     return static_cast<std::uint8_t>(unit >= 0x8000 ? 0 : std::min<std::size_t>(unit, 0xFF));
@@ -26,9 +26,9 @@ UnitBlock::Answer anyOf(const UnitBlock& block, const std::array<std::uint8_t, 3
 
 std::optional<TagSearch> TagSearch::of(std::u16string_view tag) {
     TagSearch search;
-    search.beginning_ = foldedCase(tag.substr(0, longestBeginning));
+    search.beginning_ = foldedCase(tag.substr(0, maxBeginning));
     search.secondAt_ = tag.size() > 1 ? 1 : 0;
-    search.isExact_ = tag.size() <= longestBeginning;
+    search.isExact_ = tag.size() <= maxBeginning;
     const std::optional<Forms> first = formsOf(search.beginning_[0]);
     const std::optional<Forms> second = formsOf(search.beginning_[search.secondAt_]);
     if (!first || !second)
