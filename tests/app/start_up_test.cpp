@@ -14,7 +14,6 @@ struct StartUp : WindowStory {};
 
 TEST_F(StartUp, EveryKindOfSettingsOpensAWindowThatRuns) {
     const std::u16string separator = u"||MySeparator12||";
-    const std::string overflow = report("Overflow", "Form1.Form_Load");
     const std::string mismatch = report("Type mismatch", "Form1.Form_Load");
     const struct {
         const char16_t* key;
@@ -29,7 +28,6 @@ TEST_F(StartUp, EveryKindOfSettingsOpensAWindowThatRuns) {
         {u"Option", u"7", 0, "Results", 0, {}},
         {u"Check1", u"1", 1, "Filename|Results", 0, {}},
         {u"Check1", u"x", 1, "Results", 0, {mismatch}},
-        {u"Check1", u"99999999999", 1, "Results", 0, {overflow}},
         {u"Tags", u"a" + separator + separator + u"b" + separator, 1, "Results", 2, {}},
     };
     for (const auto& [key, value, mode_, columns, tagCount, reports] : cases) {
@@ -45,7 +43,6 @@ TEST_F(StartUp, EveryKindOfSettingsOpensAWindowThatRuns) {
         if (mode_ == 0) { // kept, for a version that knows more modes
             EXPECT_EQ(stored(u"Option"), utf8(value));
         }
-        EXPECT_EQ(window->windowTitle(), "Brindlewick");
         fill({folder.write("a.json", "{\"name\":1}")}, {u"name"});
         click("Start Extracting");
         window->close();

@@ -135,20 +135,6 @@ TEST_F(Stories, FilesAndTagsComeFromDialogsFoldersAndListFiles) {
                     "Brindlewick: Enter tag to add:  =", "Brindlewick: Enter tag to add:  ="));
 }
 
-TEST_F(Stories, AMissingFileIsReportedAndTheOthersAreRead) {
-    open();
-    fill({folder.text("gone.json"), folder.write("a.json", "{\"name\":1}\n{\"name\":\"x\ty\"}")}, {u"NAME"});
-    click("Start Extracting");
-    EXPECT_THAT(rows(results()), ElementsAre("name :1 ", "name :x\\ty "));
-    EXPECT_EQ(status(), "2 rows found; 1 file read; 1 file could not be read");
-    person.answers = {path("no/such/folder.txt")};
-    click("Save Results As Text File");
-    EXPECT_THAT(person.shown(),
-                ElementsAre(report("File not found", "Form1.PushButton7_Click"), done, saveDialog,
-                            report("Path not found", "Extract1.SaveListviewProperlySpaced")));
-    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
-}
-
 TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
     folder.write("many/a.json", "{\"name\":1}");
     open();
@@ -169,10 +155,6 @@ TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
         window->show();
         SettingsFile().SaveSetting(u"Tags", u"");
         const auto disturb = [&] {
-            if (button == operations[0].button) {
-                EXPECT_EQ(status(),
-                          "Extracting file 1 of 1, 0 rows so far: " + utf8(folder.text("many/a.json")));
-            }
             (void)person.shown();
             for (auto* other : window->findChildren<QPushButton*>())
                 QTest::mouseClick(other, Qt::LeftButton);
