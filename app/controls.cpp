@@ -168,7 +168,7 @@ void Controls::layOut(QWidget& window) {
     grid->addLayout(startRow, 0, 0);
     grid->addWidget(PushButton2, 0, 1);
     grid->addWidget(ListView2, 1, 0);
-    grid->addWidget(resultsColumn, 1, 1);
+    grid->addWidget(resultsColumn, 1, 1, 2, 1); // beside the results and what is below them
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
 

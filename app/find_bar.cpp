@@ -18,17 +18,27 @@ namespace {
 
 constexpr qint64 sliceTime = 4;                           // ms; four slices fit between two frames
 constexpr std::size_t workPerStep = std::size_t{1} << 16; // code units; less than a millisecond
-constexpr int minTextWidth = 12;                          // characters of average width
+// The results give up the bar's height, so that the bar does not make a small window higher.
+constexpr int minRows = 4;
+constexpr int minRowsBesideBar = 2;
+constexpr int minTextWidth = 12; // characters of average width
 
 QString grouped(std::size_t number) {
     return QLocale(QLocale::English).toString(static_cast<qulonglong>(number));
 }
 
-CaptionButton* makeButton(const char* caption, const char* name, const char* tip) {
-    auto* const button = new CaptionButton(QString::fromLatin1(caption));
+CaptionButton* makeButton(const char* name, const char* tip) {
+    auto* const button = new CaptionButton;
     button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(QString::fromLatin1(tip));
     button->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the text
+    return button;
+}
+
+CaptionButton* makeSignButton(QChar sign, const char* accessibleName, const char* name, const char* tip) {
+    CaptionButton* const button = makeButton(name, tip);
+    button->setSign(sign);
+    button->setAccessibleName(QString::fromLatin1(accessibleName));
     return button;
 }
 
@@ -36,10 +46,11 @@ CaptionButton* makeButton(const char* caption, const char* name, const char* tip
 
 FindBar::FindBar(const ResultsTable& table, ResultsModel& model, ResultsView& view, UserInterface& user)
     : model_(model), view_(view), user_(user), finder_(table), text_(new QLineEdit), count_(new QLabel),
-      previous_(makeButton("Previous", "findPrevious", "Previous hit (Shift+F3)")),
-      next_(makeButton("Next", "findNext", "Next hit (F3)")),
-      checkOnly_(makeButton("Tick Only These", "checkOnlyHits", "Tick the hits and untick all other rows")),
-      closing_(makeButton("", "closeFindBar", "Close (Esc)")) {
+      previous_(makeSignButton(u'\u2191', "Previous hit", "findPrevious", "Previous hit (Shift+F3)")),
+      next_(makeSignButton(u'\u2193', "Next hit", "findNext", "Next hit (F3)")),
+      checkOnly_(makeButton("checkOnlyHits", "Tick the hits and untick all other rows")),
+      closing_(makeSignButton(u'\u00D7', "Close the find bar", "closeFindBar", "Close (Esc)")) {
+    checkOnly_->setText(QStringLiteral("Tick Only These"));
     setObjectName(QStringLiteral("findBar"));
     layOut();
     hide();
@@ -70,8 +81,6 @@ void FindBar::layOut() {
     text_->setMinimumWidth(minTextWidth * fontMetrics().averageCharWidth());
     count_->setObjectName(QStringLiteral("findCount"));
     count_->setTextFormat(Qt::PlainText);
-    closing_->setSign(QStringLiteral("\u00D7"));
-    closing_->setAccessibleName(QStringLiteral("Close the find bar"));
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(text_, 1);
@@ -84,6 +93,7 @@ void FindBar::layOut() {
 
 void FindBar::open() {
     const bool wasHidden = isHidden();
+    view_.setMinRows(minRowsBesideBar);
     show();
     text_->setFocus(Qt::ShortcutFocusReason);
     text_->selectAll();
@@ -95,6 +105,7 @@ void FindBar::close() {
     slices_.stop();
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     hide();
+    view_.setMinRows(minRows);
     guarded([this] { finder_.start({}, 0); });
     if (hadFocus)
         view_.setFocus();
@@ -168,6 +179,8 @@ void FindBar::showCount() {
     else if (current && finder_.isHit(*current))
         text.prepend(grouped(finder_.hitsBefore(*current) + 1) + QStringLiteral(" of "));
     count_->setText(text);
+    previous_->setEnabled(hits > 0);
+    next_->setEnabled(hits > 0);
     checkOnly_->setEnabled(hits > 0 && !isSearching);
 }
 

@@ -15,7 +15,6 @@ namespace brindlewick {
 namespace {
 
 constexpr int minCharacters = 10; // of average width
-constexpr int minRows = 4;
 
 /// Draws a line at the end of the last column too: the divider that makes the column wider.
 class DividedHeader : public QHeaderView {
@@ -86,6 +85,11 @@ QSize RowsView::sizeHint() const {
     return {std::max(wantedWidth_ + frame, minimumWidth()), minimumHeight()};
 }
 
+void RowsView::setMinRows(int rows) {
+    minRows_ = rows;
+    fitToFont();
+}
+
 void RowsView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     if (model() == nullptr || model()->rowCount() > 0)
@@ -114,7 +118,7 @@ void RowsView::fitToFont() {
     const int height = fontMetrics().height() * 3 / 2;
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);
-    setMinimumSize(fontMetrics().averageCharWidth() * minCharacters, height * (minRows + 1));
+    setMinimumSize(fontMetrics().averageCharWidth() * minCharacters, height * (minRows_ + 1));
 }
 
 } // namespace brindlewick

@@ -21,6 +21,8 @@ public:
     /// Sets the column's width and makes the size hint wide enough for it.
     void setColumnWidthInTwips(int column, int twips);
     [[nodiscard]] QSize sizeHint() const override;
+    /// Sets for how many rows there is room at least; at first four.
+    void setMinRows(int rows);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -32,6 +34,7 @@ private:
     void showScrollBarsIfNeeded();
 
     Step step_;
+    int minRows_ = 4;
     int wantedWidth_ = 0; ///< pixels; of the columns together
 };
 

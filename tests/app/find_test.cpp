@@ -72,8 +72,11 @@ TEST_F(Find, AsTheUserTypesAndToTheNextAndPreviousHit) {
 TEST_F(Find, EscClosesTheBarAndF3OpensItAgainWithItsText) {
     type("cedar");
     EXPECT_EQ(count(), "1 of 1 hit");
+    const int height = window->minimumSizeHint().height();
     press(Qt::Key_Escape);
     EXPECT_FALSE(part<QWidget>("findBar")->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_LE(height, window->minimumSizeHint().height()); // a small window does not grow
     EXPECT_EQ(QApplication::focusWidget(), results());
     clickRow(results(), 0);
     press(Qt::Key_F3);
