@@ -150,8 +150,9 @@ TEST_F(Stories, WhileBusyEverythingWaitsButHelpAndAClosingWindowKeepsItsTags) {
                       {"Copy Results To Clipboard", {}},
                       {"Add All JSON Files In Folder", {"json", path("many")}}};
     int closings = 0;
-    for (const auto& [button, answers] : operations) {
-        person.answers = answers;
+    for (const auto& operation : operations) { // no structured binding: Clang 14 cannot capture one
+        const char* const button = operation.button;
+        person.answers = operation.answers;
         window->show();
         SettingsFile().SaveSetting(u"Tags", u"");
         const auto disturb = [&] {

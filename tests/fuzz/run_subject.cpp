@@ -161,7 +161,7 @@ const Subject runs("run", [](std::string_view input) {
     try {
         const Texts expected = rowsByTheRules(run);
         check(rowsOfTheProgram(run, {}) == expected, "the rows are those of the rules");
-        for (const std::size_t workers : {1, 2, 3, 8}) {
+        for (const std::size_t workers : {1U, 2U, 3U, 8U}) {
             const std::uint64_t stretch = 24 + input.size() / 500 + input.size() * workers % 1000; // bytes
             check(rowsOfTheProgram(run, {workers, stretch}) == expected,
                   "the rows are the same for any number of workers and any length of stretches");
