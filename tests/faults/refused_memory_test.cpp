@@ -30,29 +30,22 @@ namespace {
 std::atomic<std::size_t> allocationsLeft = std::numeric_limits<std::size_t>::max();
 std::atomic<bool> wasRefused = false;
 
-void* allocate(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) noexcept {
+void* allocate(std::size_t size) noexcept {
     if (allocationsLeft.fetch_sub(1) == 0) {
         wasRefused = true;
         return nullptr;
     }
-    const std::size_t whole = (std::max<std::size_t>(size, 1) + alignment - 1) / alignment * alignment;
-    return std::aligned_alloc(alignment, whole);
-}
-
-void* allocateOrThrow(std::size_t size, std::size_t alignment = alignof(std::max_align_t)) {
-    if (void* const memory = allocate(size, alignment))
-        return memory;
-    throw std::bad_alloc();
+    return std::malloc(std::max<std::size_t>(size, 1));
 }
 
 } // namespace
 
-// Those that arrays use are left alone: they call these, except with the sanitizers.
+// Those that arrays use are left alone: they call these, except with the sanitizers. No type here asks for
+// an alignment of its own.
 void* operator new(std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    return allocateOrThrow(size, static_cast<std::size_t>(alignment));
+    if (void* const memory = allocate(size))
+        return memory;
+    throw std::bad_alloc();
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return allocate(size);
@@ -61,12 +54,6 @@ void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
     std::free(memory);
 }
 
