@@ -67,17 +67,13 @@ void checkLine(const JsonValue& fragment, const std::u16string& line) {
 }
 
 void checkLines(std::u16string_view text) {
-    constexpr std::size_t shortLine = 100;
-    const bool isShort = text.size() < 4000;    // error lines that quote the rest of the text take long
     const bool isVeryShort = text.size() < 600; // a fragment is read again for each of its units
     JsonParser parser;
     LineReader reader;
     LineReader waitingReader;
-    LineReader limitedReader(shortLine);
     std::int32_t position = 1;
     std::size_t at = 0;
     std::size_t waitingAt = 0;
-    std::size_t limitedAt = 0;
     std::size_t known = 0;
     for (;;) {
         const std::size_t start = at;
@@ -94,15 +90,6 @@ void checkLines(std::u16string_view text) {
             --known;
             check(waiting == outcome && waitingAt == at && (!fragment || waitingReader.line() == line),
                   "text that comes bit by bit gives the same lines");
-        }
-        if (isShort) {
-            limitedReader.startBatch();
-            const bool isRefused = limitedReader.next(text, limitedAt) == FragmentReading::tooLong;
-            check(limitedAt == at, "a refused line ends where it would");
-            check(isRefused || line.size() <= shortLine, "a line above the limit is refused");
-            // A part that is dropped later may have been too long.
-            check(!isRefused || line.size() > shortLine || !parser.parserErrors().empty(),
-                  "no other line is refused");
         }
         if (!fragment)
             return;
