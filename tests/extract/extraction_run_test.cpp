@@ -110,16 +110,5 @@ message: Done.
                 HasSubstr("; no mode is chosen, so values were extracted without tags"));
 }
 
-TEST_F(Run, MovesByBytesWithinAFile) {
-    std::string bytes = "\xEF\xBB\xBF";
-    while (bytes.size() < 1'000'000)
-        bytes += R"({"a":1},)";
-    add(bytes);
-    extract(ExtractionMode::entireLine);
-    const std::string transcript = user.takeTranscript();
-    for (const char* percent : {"so far: ", ", 25 %", ", 50 %", ", 75 %"})
-        EXPECT_THAT(transcript, HasSubstr(percent));
-}
-
 } // namespace
 } // namespace brindlewick

@@ -195,22 +195,6 @@ TEST_F(Exports, ToAFullDiskAreReportedOnce) {
     }
 }
 
-TEST_F(Exports, MayLoseTheirRowsWhileEventsAreHandled) {
-    std::size_t yieldsLeft = 2; // before the second row
-    user.whenYielding = [&] {
-        if (--yieldsLeft == 0)
-            table.clearRows();
-    };
-    SaveListviewAsCommaDelimToFile(user, view, out, nullptr);
-    EXPECT_EQ(folder.read("out.txt"), "Filename,Results,\r\na.json,x\r\n");
-    add({u"x", u"y"});
-    yieldsLeft = 6; // two columns of two rows are measured first
-    SaveListviewProperlySpaced(user, view, out, nullptr);
-    EXPECT_EQ(folder.read("out.txt"), "Filename\tResults\t\r\na.json  \tx      \t\r\n");
-    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\nsummary: 1 of 2 rows written\n"
-                                     "pointer: hourglass\npointer: standard\nsummary: 1 of 2 rows written\n");
-}
-
 TEST_F(Exports, SayHowManyCharactersTheCharacterSetLacks) {
     table.clearRows();
     // A pair is one character; a question mark and the euro sign are in the set.
@@ -219,11 +203,6 @@ TEST_F(Exports, SayHowManyCharactersTheCharacterSetLacks) {
     EXPECT_EQ(folder.read("out.txt"), "Filename,Results,\r\na.json,?\x80??\r\na.json,???\r\na.json,?\r\n");
     EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\n"
                                      "summary: 3 rows written; 4 characters written as \"?\"\n");
-}
-
-TEST(ExportSummary, SaysHowFarAStoppedExportCame) {
-    EXPECT_EQ(exportSummary({31'000, 1'000, 1}, u"written"),
-              u"1,000 of 31,000 rows written; 1 row left out because it is not ticked");
 }
 
 TEST_F(Exports, EndWhereTheyAreStopped) {
@@ -248,27 +227,6 @@ TEST_F(Exports, EndWhereTheyAreStopped) {
         handlers.PushButton11_Click();
         EXPECT_EQ(user.takeTranscript(), end + "nothing was copied\n");
     }
-}
-
-TEST_F(Exports, MoveTheirIndicator) {
-    struct Indicator : ProgressIndicator {
-        explicit Indicator(ScriptedUser& theUser) : user(theUser) {}
-        void setValue(int value) override { user.note("value: " + std::to_string(value)); }
-        void setCaption(std::u16string_view caption) override { user.note("caption: " + toUtf8(caption)); }
-        ScriptedUser& user;
-    } indicator(user);
-    SaveListviewProperlySpaced(user, view, folder.text("missing/out.txt"), &indicator);
-    EXPECT_EQ(user.takeTranscript(), R"(pointer: hourglass
-caption: Writing file: out.txt
-value: 0
-caption: Progress Bar
-report: Path not found in Extract1.SaveListviewProperlySpaced
-value: 50
-value: 100
-caption: Done.
-pointer: standard
-summary: Not all rows were written
-)");
 }
 
 } // namespace
