@@ -10,7 +10,6 @@
 #include "lists/listed_paths.h"
 #include "platform/text_encoding.h"
 #include "support/fake_settings.h"
-#include "support/own_separator.h"
 #include "support/scripted_user.h"
 #include "support/temporary_folder.h"
 
@@ -167,13 +166,6 @@ const std::map<std::string, std::function<Texts(const std::string&)>> plainSecti
     {"list file", entriesOfListFile},
     {"doubled backslashes",
      [](const std::string& path) { return Texts{toUtf8(CollapseDoubledBackslashes(fromUtf8(path)))}; }},
-    {"selection",
-     [](const std::string& selection) {
-         Texts paths;
-         for (const std::u16string& path : pathsOfSelection(own(fromUtf8(selection))))
-             paths.push_back(shownPath(path));
-         return paths;
-     }},
     {"entered folders",
      [](const std::string& names) {
          std::istringstream all(names);

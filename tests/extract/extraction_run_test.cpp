@@ -17,14 +17,12 @@ using Rows = std::vector<std::u16string>;
 
 class Run : public ::testing::Test {
 protected:
-    Rows extract(ExtractionMode mode, bool withFilename = false) {
+    Rows extract(ExtractionMode mode) {
         options.chooseMode(mode);
-        options.setIncludeFilename(withFilename);
         ExtractionRun(user, options, paths, tags, table).PushButton7_Click();
         Rows rows;
         for (std::size_t row = 0; row < table.rowCount(); ++row)
-            for (std::size_t column = 0; column < table.columns().size(); ++column)
-                rows.emplace_back(table.cell(row, column));
+            rows.emplace_back(table.cell(row, 0));
         return rows;
     }
     void add(std::string_view bytes) {
@@ -39,14 +37,6 @@ protected:
     std::vector<std::u16string> tags;
     ResultsTable table;
 };
-
-TEST_F(Run, ReadsTheFlagForEveryRow) {
-    add(R"({"a":"x"} )");
-    add(R"({"b":"y"} )");
-    tags = {u""};
-    user.whenYielding = [this] { options.setIncludeFilename(table.rowCount() > 0); };
-    EXPECT_EQ(extract(ExtractionMode::valueWithoutTag, true), (Rows{u"x ", u"", paths[1], u"y "}));
-}
 
 TEST_F(Run, TakesTheModeWhenAPiecesRowsAreMade) {
     // Several pieces, in several stretches; what has been read ahead for the mode before is read again.

@@ -12,7 +12,7 @@ READING_ORDER = [
     "Extract value and tag", "Explain the extraction modes", "Include filename in extraction results",
     "Start Extracting", "Help",
     "Results", "Save Results As Text File", "Save As Comma Delimited", "Copy Results To Clipboard", "Clear the results"]
-SAVE, COMMA = READING_ORDER[17:19]
+SAVE = READING_ORDER[17]
 
 
 def sample_rows(folder):
@@ -79,12 +79,6 @@ def from_samples_to_files(user, rows):
     user.answer("Are you sure you wish to overwrite " + user.native(text_file) + " ?", "Yes")
     # The row is left out, and still counts for the width.
     expect_text(user, "the text file without the row", text_file, joined(lines[:1] + lines[2:]))
-
-    comma_file = os.path.join(user.out, "results-comma.txt")
-    comma_text = ",\r\n".join(row[0] for row in values) + "\r\n"
-    user.press(COMMA)
-    user.choose_file(comma_file)
-    expect_text(user, "the comma-delimited file, with every row", comma_file, comma_text)
 
     user.press("Include filename in extraction results")
     user.press("Copy Results To Clipboard")
