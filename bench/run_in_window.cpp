@@ -7,8 +7,8 @@
 #include "unattended.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QElapsedTimer>
-#include <QMessageBox>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -25,7 +25,10 @@ double inWindow(Form1& window) {
     double seconds = 0;
     QTimer whenAsked; // a message box is up: that is "Done."
     QObject::connect(&whenAsked, &QTimer::timeout, [&] {
-        if (auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        for (QWidget* const widget : QApplication::topLevelWidgets()) {
+            auto* const box = qobject_cast<QDialog*>(widget);
+            if (box == nullptr || !box->isVisible())
+                continue;
             seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
             box->accept();
         }
