@@ -5,22 +5,45 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QSysInfo>
 #include <QUrl>
 #include <QWidget>
 #include <utility>
 
 namespace brindlewick {
 
-std::vector<std::u16string> localFiles(const QMimeData& data) {
-    std::vector<std::u16string> paths;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            paths.push_back(fromQString(QDir::toNativeSeparators(url.toLocalFile())));
-    return paths;
+namespace {
+
+/// True for a name of this computer.
+bool isOwnHost(const QString& host) {
+    for (const QString& own : {QString(), QStringLiteral("localhost"), QSysInfo::machineHostName()})
+        if (host.compare(own, Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+} // namespace
+
+DroppedFiles filesIn(const QMimeData& data) {
+    DroppedFiles files;
+    for (QUrl url : data.urls()) {
+        if (!url.isLocalFile())
+            continue;
+        if (isOwnHost(url.host()))
+            url.setHost({});
+#ifndef Q_OS_WIN
+        if (!url.host().isEmpty()) {
+            ++files.elsewhere;
+            continue;
+        }
+#endif
+        files.paths.push_back(fromQString(QDir::toNativeSeparators(url.toLocalFile())));
+    }
+    return files;
 }
 
 FileDrop::FileDrop(QWidget& window, std::function<void(bool)> highlight,
-                   std::function<void(const std::vector<std::u16string>&)> drop)
+                   std::function<void(const DroppedFiles&)> drop)
     : QObject(&window), highlight_(std::move(highlight)), drop_(std::move(drop)) {
     window.setAcceptDrops(true);
     window.installEventFilter(this);
@@ -39,12 +62,12 @@ bool FileDrop::eventFilter(QObject*, QEvent* event) {
         return false;
     }
     auto* const drag = static_cast<QDropEvent*>(event);
-    const std::vector<std::u16string> paths = localFiles(*drag->mimeData());
-    drag->setDropAction(paths.empty() ? Qt::IgnoreAction : Qt::CopyAction);
-    drag->setAccepted(!paths.empty());
-    highlight_(!paths.empty() && event->type() != QEvent::Drop);
-    if (!paths.empty() && event->type() == QEvent::Drop)
-        drop_(paths);
+    const DroppedFiles files = filesIn(*drag->mimeData());
+    drag->setDropAction(files.empty() ? Qt::IgnoreAction : Qt::CopyAction);
+    drag->setAccepted(!files.empty());
+    highlight_(!files.empty() && event->type() != QEvent::Drop);
+    if (!files.empty() && event->type() == QEvent::Drop)
+        drop_(files);
     return true;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -11,21 +12,29 @@ class QWidget;
 
 namespace brindlewick {
 
-/// The paths of the local files in the data, in order.
-[[nodiscard]] std::vector<std::u16string> localFiles(const QMimeData& data);
+struct DroppedFiles {
+    std::vector<std::u16string> paths; ///< in order
+    std::size_t elsewhere = 0;         ///< files of other computers, which have no path here
 
-/// Accepts what is dropped on the window if it has local files.
+    bool empty() const noexcept { return paths.empty() && elsewhere == 0; }
+};
+
+/// The files in the data. The host of an address is left out if it is this computer's. With another host, the
+/// address becomes a network path on Windows; other systems have no path for it.
+[[nodiscard]] DroppedFiles filesIn(const QMimeData& data);
+
+/// Accepts what is dropped on the window if it has files.
 class FileDrop : public QObject {
 public:
     /// While files are dragged over the window, `highlight` is called with true, then with false. `drop` is
-    /// called with the paths, in the drop's order.
+    /// called with the files.
     FileDrop(QWidget& window, std::function<void(bool)> highlight,
-             std::function<void(const std::vector<std::u16string>&)> drop);
+             std::function<void(const DroppedFiles&)> drop);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     std::function<void(bool)> highlight_;
-    std::function<void(const std::vector<std::u16string>&)> drop_;
+    std::function<void(const DroppedFiles&)> drop_;
 };
 
 } // namespace brindlewick

@@ -195,10 +195,10 @@ void ListGestures::fillResultsMenu(QMenu& menu) {
     addItem(menu, "Tick Only the Selected", hasSelection, [this] { tickOnlySelected(); });
 }
 
-void ListGestures::addFiles(const std::vector<std::u16string>& paths) {
+void ListGestures::addFiles(const DroppedFiles& files) {
     s_.gestures.startAtOnce([&] {
         const std::size_t before = s_.inputFiles.size();
-        s_.inputHandlers.ListView1_OLEDragDrop(paths);
+        s_.inputHandlers.ListView1_OLEDragDrop(files.paths, files.elsewhere);
         scrollTo(*s_.controls.ListView1, before);
     });
 }
@@ -208,7 +208,7 @@ void ListGestures::removeFile() {
 }
 
 void ListGestures::pasteFiles() {
-    addFiles(localFiles(*QGuiApplication::clipboard()->mimeData()));
+    addFiles(filesIn(*QGuiApplication::clipboard()->mimeData()));
 }
 
 void ListGestures::addTag(const std::u16string& typed) {

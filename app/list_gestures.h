@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/controls.h"
+#include "app/file_drop.h"
 #include "app/gestures.h"
 #include "lists/input_file_handlers.h"
 #include "lists/tag_handlers.h"
@@ -10,7 +11,6 @@
 #include <QObject>
 #include <functional>
 #include <string>
-#include <vector>
 
 class QContextMenuEvent;
 class QKeyEvent;
@@ -35,7 +35,7 @@ public:
     explicit ListGestures(Subjects subjects);
 
     /// Adds dropped or pasted files and folders, also during an operation, and scrolls to the first of them.
-    void addFiles(const std::vector<std::u16string>& paths);
+    void addFiles(const DroppedFiles& files);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -98,7 +98,7 @@ void Form1::connectOptions() {
 void Form1::connectLists() {
     new FileDrop(
         *this, [this](bool isOver) { controls_.ListView1->setHighlighted(isOver); },
-        [this](const std::vector<std::u16string>& paths) { listGestures_.addFiles(paths); });
+        [this](const DroppedFiles& files) { listGestures_.addFiles(files); });
     controls_.ListView2->setCopyHandler([this] { copySelectedRows(); });
     connect(&resultsModel_, &QAbstractItemModel::modelReset, this, [this] {
         QList<int> widths;

@@ -1,6 +1,7 @@
 #include "app/sample_files.h"
 
 #include "lists/folder_scanner.h"
+#include "lists/list_summaries.h"
 #include "platform/error_report.h"
 #include "platform/files.h"
 #include "platform/native_path.h"
@@ -89,9 +90,15 @@ void SampleFiles::LoadSampleFiles(TextList& list) {
 // "Load Sample/Example Files"
 void SampleFiles::PushButton13_Click() {
     const Guard guard(user_, u"Form1.PushButton13_Click");
+    const std::size_t filesBefore = inputFiles_.size();
+    const std::size_t tagsBefore = tags_.size();
     guard([&] { selectMode2_(); });
     guard([&] { tags_.append(u"name"); });
     guard([&] { LoadSampleFiles(inputFiles_); });
+    guard([&] {
+        user_.endProgress(
+            joinedClauses({filesAddedText(inputFiles_, filesBefore), tagsAddedText(tags_, tagsBefore)}));
+    });
 }
 
 } // namespace brindlewick

@@ -121,7 +121,8 @@ void InputFileHandlers::ListView1_DblClick(std::optional<std::size_t> selectedRo
     guard([&] { inputFiles_.removeAt(*selectedRow); });
 }
 
-void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>& items) {
+void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>& items,
+                                              std::size_t elsewhere) {
     const Guard guard(user_, u"Form1.ListView1_OLEDragDrop");
     std::uint64_t added = 0;
     // Deliberate: one collection for the whole drop, so that every folder lists the files of the folders
@@ -145,7 +146,11 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
             added += appendFilesOfTree(user_, guard, *folders, inputFiles_);
         });
     }
-    const auto summary = [&] { return scanSummary(added, leftOutBy(folders)); };
+    const auto summary = [&] {
+        LeftOut leftOut = leftOutBy(folders);
+        leftOut.elsewhere = elsewhere;
+        return scanSummary(added, leftOut);
+    };
     if (busy)
         busy->end(summary);
     else if (!user_.isBusy())

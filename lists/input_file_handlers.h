@@ -25,7 +25,8 @@ public:
     /// Removes the selected row unless the user interface is busy.
     void ListView1_DblClick(std::optional<std::size_t> selectedRow);
     /// Appends dropped files, and the files of dropped folders, in the order of the drop; also while busy.
-    void ListView1_OLEDragDrop(const std::vector<std::u16string>& items);
+    /// `elsewhere` is the number of dropped files that have no path here.
+    void ListView1_OLEDragDrop(const std::vector<std::u16string>& items, std::size_t elsewhere = 0);
 
 private:
     UserInterface& user_;

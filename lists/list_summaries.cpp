@@ -41,6 +41,8 @@ std::u16string scanSummary(std::uint64_t added, const LeftOut& leftOut) {
         unlessNone(leftOut.systemFolders, u"system folder left out", u"system folders left out"),
         unlessNone(leftOut.longPaths, u"folder with a long path not searched for folders",
                    u"folders with long paths not searched for folders"),
+        unlessNone(leftOut.elsewhere, u"file of another computer left out",
+                   u"files of other computers left out"),
     });
 }
 

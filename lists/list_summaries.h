@@ -17,6 +17,7 @@ struct LeftOut {
     std::uint64_t links = 0;         ///< links to folders
     std::uint64_t systemFolders = 0; ///< hidden system folders
     std::uint64_t longPaths = 0;     ///< only their subfolders are left out
+    std::uint64_t elsewhere = 0;     ///< dropped files, not folders, of other computers
 };
 
 /// "Scanning, 12 files so far: FOLDER". `doing` is "Scanning" or "Adding".

@@ -230,6 +230,18 @@ TEST_F(Gestures, AppendedRowsAppearByThemselvesAndAnIdleWindowDoesNothing) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return rows(results()).size() == 1; }));
 }
 
+TEST_F(Gestures, FilesOfOtherComputersAreNotListed) {
+#ifdef Q_OS_WIN
+    GTEST_SKIP() << "Windows has network paths";
+#endif
+    QMimeData data;
+    data.setUrls({QUrl("file://far.example/a.json"), QUrl("file://LOCALHOST/b.json"),
+                  QUrl("file://" + QSysInfo::machineHostName() + "/c.json")});
+    EXPECT_TRUE(drop(files()->viewport(), data));
+    EXPECT_THAT(rows(files()), ElementsAre("/b.json", "/c.json"));
+    EXPECT_EQ(status(), "2 files added; 1 file of another computer left out");
+}
+
 TEST_F(Gestures, TheStatusBarIsRightWhenADialogOpensAndForgetsWhatIsOver) {
     const auto gone = folder.text("gone.json");
     fill({folder.write("a.json", "{\"n\":1}\n"), gone, folder.write("b.json", "{\"n\":2}\n")}, {u"n"});
