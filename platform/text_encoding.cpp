@@ -29,17 +29,20 @@ consteval std::array<char16_t, 256> makeTable() {
 }
 
 constexpr char16_t replacement = u'\uFFFD';
-constexpr char noByte = '?'; // for every unit that Windows-1252 lacks
+/// "?" for the units that Windows-1252 lacks, with marks above the byte so that these units can be counted.
+constexpr std::uint16_t noByte = '?' + 0x100;
+constexpr std::uint16_t noByteLowSurrogate = '?' + 0x1000;
 
-using ByteTable = std::array<char, 65536>;
+using ByteTable = std::array<std::uint16_t, 65536>;
 
-/// The byte of every code unit.
+/// The byte of every code unit, perhaps with a mark.
 const ByteTable& byteTable() noexcept {
     static const ByteTable table = [] {
         ByteTable bytes;
         bytes.fill(noByte);
+        std::fill(bytes.begin() + 0xDC00, bytes.begin() + 0xE000, noByteLowSurrogate);
         for (std::size_t byte = 0; byte < 256; ++byte)
-            bytes[windows1252ToUtf16[byte]] = static_cast<char>(byte);
+            bytes[windows1252ToUtf16[byte]] = static_cast<std::uint16_t>(byte);
         return bytes;
     }();
     return table;
@@ -82,6 +85,30 @@ void widenBlock(const char* bytes, char16_t* target) {
     std::memcpy(block, bytes, sizeof block);
     for (std::size_t at = 0; at < blockLength; ++at)
         target[at] = block[at];
+}
+
+constexpr std::size_t unitBlockLength = 8; // code units
+
+bool isAsciiBlock(const char16_t* text) {
+    std::uint64_t words[2];
+    static_assert(sizeof words == unitBlockLength * sizeof *text);
+    std::memcpy(words, text, sizeof words);
+    return ((words[0] | words[1]) & 0xFF80FF80FF80FF80U) == 0;
+}
+
+/// Copies each code unit of a block to one byte.
+void narrowBlock(const char16_t* text, char* target) {
+    char block[unitBlockLength]; // a copy, which cannot overlap the text
+    for (std::size_t at = 0; at < unitBlockLength; ++at)
+        block[at] = static_cast<char>(text[at]);
+    std::memcpy(target, block, sizeof block);
+}
+
+std::size_t countPairs(std::u16string_view text) {
+    std::size_t pairs = 0;
+    for (std::size_t at = 1; at < text.size(); ++at)
+        pairs += isHighSurrogate(text[at - 1]) && isLowSurrogate(text[at]) ? 1 : 0;
+    return pairs;
 }
 
 /// Decodes ASCII up to the first other byte; returns its length.
@@ -147,15 +174,43 @@ void appendFromWindows1252(std::string_view bytes, std::u16string& text) {
     decodeWindows1252(bytes, text.data() + start);
 }
 
-void appendAsWindows1252(std::u16string_view text, std::string& bytes) {
+std::size_t appendAsWindows1252(std::u16string_view text, std::string& bytes) {
+    const ByteTable& table = byteTable();
     const std::size_t start = bytes.size();
     bytes.resize(start + text.size());
-    std::transform(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(start),
-                   [&table = byteTable()](char16_t unit) { return table[unit]; });
+    char* const target = bytes.data() + start;
+    std::size_t replaced = 0;
+    std::size_t lowSurrogates = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        // The last block overlaps the one before it.
+        const std::size_t end = std::min(at + unitBlockLength, text.size());
+        const std::size_t block = end - std::min(end, unitBlockLength);
+        if (end - block == unitBlockLength && isAsciiBlock(text.data() + block)) {
+            narrowBlock(text.data() + block, target + block);
+            at = end;
+            continue;
+        }
+        unsigned marks = 0; // a hexadecimal digit for each mark
+        const auto encode = [&](std::size_t count) {
+            for (std::size_t unit = at; unit < at + count; ++unit) {
+                const unsigned entry = table[text[unit]];
+                target[unit] = static_cast<char>(entry);
+                marks += entry >> 8;
+            }
+        };
+        if (end - at == unitBlockLength) // a constant, so that the loop is unrolled
+            encode(unitBlockLength);
+        else
+            encode(end - at);
+        at = end;
+        replaced += marks & 15;
+        lowSurrogates += marks >> 4;
+    }
+    return lowSurrogates == 0 ? replaced : replaced + lowSurrogates - countPairs(text);
 }
 
 char windows1252Byte(char16_t unit) noexcept {
-    return byteTable()[unit];
+    return static_cast<char>(byteTable()[unit]);
 }
 
 std::size_t decodeUtf8(std::string_view bytes, char16_t* target) {

@@ -17,8 +17,9 @@ extern const std::array<char16_t, 256> windows1252ToUtf16;
 void decodeWindows1252(std::string_view bytes, char16_t* target);
 /// Appends the decoded bytes.
 void appendFromWindows1252(std::string_view bytes, std::u16string& text);
-/// Appends the text, one byte per code unit; "?" for a unit that Windows-1252 lacks.
-void appendAsWindows1252(std::u16string_view text, std::string& bytes);
+/// Appends the text, one byte per code unit; "?" for a unit that Windows-1252 lacks. Returns the number of
+/// characters that it lacks; a surrogate pair is one.
+std::size_t appendAsWindows1252(std::u16string_view text, std::string& bytes);
 /// The byte for a code unit, '?' if Windows-1252 lacks it.
 [[nodiscard]] char windows1252Byte(char16_t unit) noexcept;
 

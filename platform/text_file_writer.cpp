@@ -1,7 +1,6 @@
 #include "platform/text_file_writer.h"
 
 #include "platform/files.h"
-#include "platform/text.h"
 #include "platform/text_encoding.h"
 
 #include <algorithm>
@@ -13,18 +12,6 @@ namespace brindlewick {
 namespace {
 
 constexpr std::size_t bufferLength = std::size_t{1} << 18; // bytes
-
-/// How many characters of the text are "?" in `bytes`, which has a byte for each code unit, but not in the
-/// text.
-std::uint64_t countReplaced(std::u16string_view text, std::string_view bytes) {
-    std::uint64_t replaced = 0;
-    // Most texts have no "?", and the search for one is fast.
-    for (std::size_t at = bytes.find('?'); at < bytes.size(); ++at) {
-        const bool endsPair = isLowSurrogate(text[at]) && at > 0 && isHighSurrogate(text[at - 1]);
-        replaced += bytes[at] == '?' && text[at] != u'?' && !endsPair ? 1 : 0;
-    }
-    return replaced;
-}
 
 } // namespace
 
@@ -66,9 +53,7 @@ TextFileWriter::~TextFileWriter() {
 void TextFileWriter::write(std::u16string_view text) {
     while (!text.empty() && state_->takesText()) {
         const std::u16string_view part = text.substr(0, bufferLength);
-        appendAsWindows1252(part, state_->buffer);
-        const std::string_view buffer = state_->buffer;
-        state_->replacedCharacters += countReplaced(part, buffer.substr(buffer.size() - part.size()));
+        state_->replacedCharacters += appendAsWindows1252(part, state_->buffer);
         text.remove_prefix(part.size());
         state_->flushIfFull();
     }

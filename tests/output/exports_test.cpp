@@ -198,11 +198,14 @@ TEST_F(Exports, ToAFullDiskAreReportedOnce) {
 TEST_F(Exports, SayHowManyCharactersTheCharacterSetLacks) {
     table.clearRows();
     // A pair is one character; a question mark and the euro sign are in the set.
-    add({u"?\u20AC\u0416?", u"\U0001F600\xDE00", u"\xD83D"});
+    add({u"?\u20AC\u0416?", u"\U0001F600\xDE00", u"\xD83D",
+         u"more than a block \u0416" + std::u16string(20, u'\u0416')});
     SaveListviewAsCommaDelimToFile(user, view, out, nullptr);
-    EXPECT_EQ(folder.read("out.txt"), "Filename,Results,\r\na.json,?\x80??\r\na.json,???\r\na.json,?\r\n");
+    EXPECT_EQ(folder.read("out.txt"),
+              "Filename,Results,\r\na.json,?\x80??\r\na.json,???\r\na.json,?\r\na.json,more than a block " +
+                  std::string(21, '?') + "\r\n");
     EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\n"
-                                     "summary: 3 rows written; 4 characters written as \"?\"\n");
+                                     "summary: 4 rows written; 25 characters written as \"?\"\n");
 }
 
 TEST_F(Exports, EndWhereTheyAreStopped) {
