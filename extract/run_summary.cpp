@@ -19,7 +19,7 @@ std::u16string reasonForNoRows(const RunOutcome& outcome) {
 std::u16string readText(const RunOutcome& outcome) {
     if (outcome.filesEnded < outcome.files)
         return groupedText(outcome.filesRead) + u" of " + countText(outcome.files, u"file", u"files") +
-               u" read";
+               u" read to the end";
     return unlessNone(outcome.filesRead, u"file read", u"files read");
 }
 

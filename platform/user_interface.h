@@ -73,7 +73,7 @@ public:
     /// Shows what a long operation is doing and its progress: `done` of `total` steps, or unknown progress if
     /// `total` is 0. Cheap enough to call once a row.
     virtual void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) = 0;
-    /// Replaces the display of progress by `summary`.
+    /// Shows what an operation has done, in place of its progress.
     virtual void endProgress(std::u16string_view summary) = 0;
 
     /// Replaces the clipboard's content. Fails with permissionDenied if the clipboard is not available.

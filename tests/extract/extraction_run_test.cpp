@@ -59,8 +59,9 @@ TEST_F(Run, KeepsItsRowsWhenStopped) {
             user.requestStop();
     };
     EXPECT_EQ(extract(ExtractionMode::valueWithoutTag), Rows(7, u"1 "));
-    EXPECT_TRUE(user.takeTranscript().ends_with("summary: Stopped: 7 rows found; 7 of 50 files read\n"
-                                                "message: Done.\n"));
+    EXPECT_TRUE(
+        user.takeTranscript().ends_with("summary: Stopped: 7 rows found; 7 of 50 files read to the end\n"
+                                        "message: Done.\n"));
 }
 
 TEST_F(Run, NamesTheFileAtHandAndSumsUp) {
