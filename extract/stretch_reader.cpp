@@ -130,8 +130,10 @@ void StretchReader::readMarked(Stretch& stretch, StretchLines& read) {
         const std::uint64_t from = stretch.file->textStart + number * bytes;
         file.start(stretch.file, from);
         if (number > 0 && !file.skipToSeparator(from + bytes)) {
-            if (stretch.begin) // the cut no longer exists: the file has changed
-                throw Failure(FailureNumber::deviceIoError);
+            if (stretch.begin) { // the cut no longer exists: the file has become shorter
+                read.starts.push_back(*stretch.begin);
+                return;
+            }
             return; // without a cut, the stretch before extends past this one
         }
     }
