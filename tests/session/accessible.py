@@ -56,7 +56,7 @@ class AccessibleProgram(Display):
 
         def is_gone():
             self.xdotool("key", "Return")  # a list of proposals takes the first one in some dialogs
-            return self.soon(lambda: not self.file_field())
+            return self.soon(lambda: not self.file_field(), 5)  # a second Return must not reach the window
         self.expect("the file dialog closes", is_gone)
 
     def click(self, control):
