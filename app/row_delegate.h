@@ -1,4 +1,4 @@
-// Draws the cells of the lists so that the names of files can be told apart.
+// Draws the cells of the lists so that file names can be distinguished.
 #pragma once
 
 #include <QFontMetrics>

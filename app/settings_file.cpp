@@ -119,7 +119,7 @@ std::u16string SettingsFile::GetSetting(std::u16string_view key, std::u16string_
 void SettingsFile::SaveSetting(std::u16string_view key, std::u16string_view value) {
     if (!isKey(key))
         throw Failure(FailureNumber::invalidProcedureCall);
-    // The lock covers reading and writing. Without it a save goes on all the same: a lost setting is better
+    // The lock covers reading and writing. Without it a save still proceeds: a lost setting is better
     // than a window that does not respond.
     std::error_code ignored;
     std::filesystem::create_directories(QFileInfo(settingsFolder()).filesystemFilePath(), ignored);

@@ -27,7 +27,7 @@ inline constexpr TextPlace textEnd{std::numeric_limits<std::uint64_t>::max(), 0}
 ///
 /// A file with a mark is one piece, and is divided at cuts. A cut is a ",", where a fragment most likely
 /// starts; whether one does is only known when the text before it has been read. A stretch is read from its
-/// cut all the same, as a guess, and the reader of the stretch before continues past the cut for a few
+/// cut as well, as a guess, and the reader of the stretch before continues past the cut for a few
 /// fragments. A fragment depends only on the text and the place where it starts. So if both readings start a
 /// fragment at the same place, they are the same from there on. If they do not, the stretch is read again,
 /// from where the one before ended.

@@ -41,7 +41,7 @@ struct Run {
     void add(std::string_view bytes) {
         paths.push_back(folder.write(std::to_string(paths.size()) + ".json", bytes));
     }
-    /// The rows; with file names, the file's number stands in place of its path.
+    /// The rows; with file names, the file's number replaces its path.
     Texts rows(int mode, bool withFileNames = false) {
         ScriptedUser user;
         FakeSettings settings;
