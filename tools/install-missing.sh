@@ -1,5 +1,5 @@
-# Sourced by ./run, ./test and .ci/run. Lists the Debian or Ubuntu packages that they need, and installs those that
-# are missing. Uses the network only if one is.
+# Sourced by ./run, ./test, .ci/run and packaging/pack. Lists the Debian or Ubuntu packages that they need, and installs
+# those that are missing. Uses the network only if one is.
 # shellcheck shell=bash disable=SC2034
 
 # To build and open the window. libgl1-mesa-dev: Ubuntu's Qt packages do not depend on it.
@@ -10,6 +10,8 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils app
 # To use the real program from outside: a display, a window manager, mouse and keys, the clipboard, pictures, the
 # accessibility bus.
 session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
+# To make the packages. file and dpkg-dev find what the .deb depends on; qt6-wayland goes into the .tar.gz.
+packing_packages=(file dpkg-dev qt6-wayland)
 # For continuous integration: another compiler, and a tool that counts instructions.
 gate_packages=(clang valgrind python3)
 
