@@ -103,9 +103,9 @@ void InputFileHandlers::PushButton16_Click() {
     if (paths.empty())
         return;
     const std::size_t before = inputFiles_.size();
-    for (const std::u16string& path : paths)
-        guard([&] { ReadListFile(user_, path, inputFiles_); });
-    guard([&] { user_.endProgress(filesAddedText(inputFiles_, before)); });
+    BusyScope busy(user_, guard);
+    ReadListFiles(user_, guard, paths, inputFiles_);
+    busy.end([&] { return filesAddedText(inputFiles_, before); });
 }
 
 // "Clear List"

@@ -1,5 +1,6 @@
 #include "lists/list_file.h"
 
+#include "lists/list_summaries.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/text_encoding.h"
@@ -75,12 +76,24 @@ void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list)
     const InputFile file(path);
     std::vector<char> block(std::size_t{1} << 16);
     EntrySplitter splitter(list);
+    const std::size_t before = list.size();
     std::uint64_t offset = 0;
     while (const std::size_t count = file.readAt(offset, block)) {
         offset += count;
         splitter.add({block.data(), count});
+        user.showProgress(readingProgress(list.size() - before, path), offset, file.length());
+        user.yield();
+        if (user.isStopRequested())
+            return; // without the line that is not read to its end
     }
     splitter.finish();
+}
+
+void ReadListFiles(UserInterface& user, const Guard& guard, const std::vector<std::u16string>& paths,
+                   TextList& list) {
+    for (const std::u16string& path : paths)
+        if (!user.isStopRequested())
+            guard([&] { ReadListFile(user, path, list); });
 }
 
 } // namespace brindlewick

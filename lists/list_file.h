@@ -2,9 +2,12 @@
 #pragma once
 
 #include "lists/text_list.h"
+#include "platform/error_report.h"
 #include "platform/user_interface.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace brindlewick {
 
@@ -14,7 +17,11 @@ namespace brindlewick {
 ///
 /// For a missing file it shows "File not found" and appends nothing. Fails as files.h describes, and with
 /// outOfMemory for an entry longer than `maxTextLength`; what was appended before stays. Linear in the file's
-/// length; needs memory for one entry beyond the list.
+/// length; needs memory for one entry beyond the list. Shows progress, and ends early when the user stops it.
 void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list);
+
+/// Reads the files in order, each as a step of `guard`, until the user stops it. Called within a BusyScope.
+void ReadListFiles(UserInterface& user, const Guard& guard, const std::vector<std::u16string>& paths,
+                   TextList& list);
 
 } // namespace brindlewick

@@ -11,6 +11,11 @@ std::u16string addedText(std::uint64_t count, std::u16string_view one, std::u16s
     return (count == 0 ? std::u16string(u"No ").append(many) : countText(count, one, many)) + u" added";
 }
 
+std::u16string progressText(std::u16string_view doing, std::u16string_view count, std::u16string_view path) {
+    std::u16string text(doing);
+    return text.append(u", ").append(count).append(u" so far: ").append(path);
+}
+
 struct Added {
     std::uint64_t rows = 0;
     std::uint64_t empty = 0; ///< among them
@@ -26,8 +31,11 @@ Added addedFrom(const TextList& list, std::size_t before) {
 } // namespace
 
 std::u16string scanProgress(std::u16string_view doing, std::uint64_t files, std::u16string_view folder) {
-    std::u16string text(doing);
-    return text.append(u", ").append(countText(files, u"file", u"files")).append(u" so far: ").append(folder);
+    return progressText(doing, countText(files, u"file", u"files"), folder);
+}
+
+std::u16string readingProgress(std::uint64_t lines, std::u16string_view path) {
+    return progressText(u"Reading", countText(lines, u"line", u"lines"), path);
 }
 
 std::u16string scanSummary(std::uint64_t added, const LeftOut& leftOut) {

@@ -23,6 +23,8 @@ struct LeftOut {
 /// "Scanning, 12 files so far: FOLDER". `doing` is "Scanning" or "Adding".
 [[nodiscard]] std::u16string scanProgress(std::u16string_view doing, std::uint64_t files,
                                           std::u16string_view folder);
+/// "Reading, 12 lines so far: PATH", of a list file.
+[[nodiscard]] std::u16string readingProgress(std::uint64_t lines, std::u16string_view path);
 /// "12 files added; 2 folders left out because of their names".
 [[nodiscard]] std::u16string scanSummary(std::uint64_t added, const LeftOut& leftOut);
 /// "12 files added; 1 name is empty", for the rows from `before` on.

@@ -3,6 +3,7 @@
 #include "lists/list_file.h"
 #include "lists/list_summaries.h"
 #include "lists/listed_paths.h"
+#include "platform/busy_scope.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
 
@@ -44,9 +45,9 @@ void TagHandlers::PushButton4_Click() {
     if (paths.empty())
         return;
     const std::size_t before = tags_.size();
-    for (const std::u16string& path : paths)
-        guard([&] { ReadListFile(user_, path, tags_); });
-    guard([&] { user_.endProgress(tagsAddedText(tags_, before)); });
+    BusyScope busy(user_, guard);
+    ReadListFiles(user_, guard, paths, tags_);
+    busy.end([&] { return tagsAddedText(tags_, before); });
 }
 
 // "Delete Selected Tag"

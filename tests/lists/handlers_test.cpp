@@ -114,11 +114,16 @@ TEST_F(Lists, TakeTheLinesOfListFilesInOrder) {
     tagHandlers.PushButton4_Click();
     EXPECT_EQ(outcome(files), R"(message: File should look like:\rC:\test\1.xml\rC:\test\2.xml\retc.
 open: Add File(s) - Hold Ctrl to select multiple files [All Files (*.*)|*.*|] -> ~\0sub.txt\0none.txt\01.txt
+pointer: hourglass
 report: Permission denied in Form1.PushButton16_Click
 message: File not found
+progress: Reading, 2 lines so far: ~/1.txt, 100 %
+pointer: standard
 summary: 2 files added; 1 name is empty
 open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/)" +
-                                  longName + R"(
+                                  longName + "\npointer: hourglass\nprogress: Reading, 1 line so far: ~/" +
+                                  longName + R"(, 100 %
+pointer: standard
 summary: 2 tags added
 open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> (cancelled)
 |/a\\b.json||)");
