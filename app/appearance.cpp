@@ -1,7 +1,6 @@
 // The files in the program folder may have any content.
 #include "app/appearance.h"
 
-#include "app/cursor_picture.h"
 #include "app/qt_text.h"
 #include "app/small_file.h"
 #include "platform/failure.h"
@@ -129,14 +128,14 @@ void ApplySkin(QWidget& window, std::u16string_view programFolder) {
     }
 }
 
-std::optional<QCursor> loadHandPointer(std::u16string_view programFolder, qreal scale) {
+std::optional<CursorPicture> loadHandPointer(std::u16string_view programFolder) {
     const std::u16string path = joinedPath(programFolder, u"HAND-M.CUR");
     if (!FileExistsByOpen(path))
         return std::nullopt;
     const QByteArray bytes = readSmallFile(path, maxPointerSize);
     if (static_cast<std::size_t>(bytes.size()) > maxPointerSize)
         throw Failure(FailureNumber::invalidPicture);
-    return scaledCursor(cursorPictureFromBytes(bytes), scale);
+    return cursorPictureFromBytes(bytes);
 }
 
 HoverPointer::HoverPointer(QWidget& window, UserInterface& user) : window_(window), user_(user) {

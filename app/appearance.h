@@ -1,9 +1,9 @@
 // The window's look: the optional skin and the hand pointer over buttons.
 #pragma once
 
+#include "app/cursor_picture.h"
 #include "platform/user_interface.h"
 
-#include <QCursor>
 #include <QObject>
 #include <optional>
 #include <string>
@@ -20,9 +20,9 @@ namespace brindlewick {
 /// invalidProcedureCall; the window keeps its style sheet.
 void ApplySkin(QWidget& window, std::u16string_view programFolder);
 
-/// The pointer picture "HAND-M.CUR" of the program folder for a screen of `scale` device pixels per unit;
-/// none if the file does not exist. Fails with invalidPicture if the file is not a pointer picture.
-[[nodiscard]] std::optional<QCursor> loadHandPointer(std::u16string_view programFolder, qreal scale);
+/// The pointer picture "HAND-M.CUR" of the program folder; none if the file does not exist. Fails with
+/// invalidPicture if the file is not a pointer picture.
+[[nodiscard]] std::optional<CursorPicture> loadHandPointer(std::u16string_view programFolder);
 
 /// Shows the custom pointer over push buttons, and the default pointer over the window's surface and over
 /// group box `Frame2`. Never replaces the hourglass. Handles the controls that the window has when this

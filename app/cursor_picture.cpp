@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QPixmap>
+#include <QWidget>
 #include <cstdint>
 
 namespace brindlewick {
@@ -79,9 +80,10 @@ CursorPicture cursorPictureFromBytes(const QByteArray& bytes) {
     return cursor;
 }
 
-QCursor scaledCursor(const CursorPicture& picture, qreal scale) {
+QCursor cursorFor(const QWidget& widget, const CursorPicture& picture) {
     // The X server's pointers are in device pixels; Qt scales those of the other systems itself.
-    const qreal factor = QGuiApplication::platformName() == QStringLiteral("xcb") ? scale : 1;
+    const bool isScaled = QGuiApplication::platformName() != QStringLiteral("xcb");
+    const qreal factor = isScaled ? 1 : widget.devicePixelRatioF();
     const QImage image =
         picture.image.scaled(picture.image.size() * factor, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     const QPoint hotSpot = (QPointF(picture.hotSpot) * factor).toPoint();

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QPoint>
 
+class QWidget;
+
 namespace brindlewick {
 
 struct CursorPicture {
@@ -18,7 +20,8 @@ struct CursorPicture {
 /// have the hot spot in place of an icon's planes and bit count.
 [[nodiscard]] CursorPicture cursorPictureFromBytes(const QByteArray& bytes);
 
-/// The pointer, as large on a screen of `scale` device pixels per unit as the picture is at 1.
-[[nodiscard]] QCursor scaledCursor(const CursorPicture& picture, qreal scale);
+/// The pointer for the widget's screen, where it is as large as the picture is on a screen of one device
+/// pixel per unit.
+[[nodiscard]] QCursor cursorFor(const QWidget& widget, const CursorPicture& picture);
 
 } // namespace brindlewick

@@ -43,7 +43,7 @@ void InputListView::mousePressEvent(QMouseEvent* event) {
     RowsView::mousePressEvent(event);
     drag_.ListView1_MouseDown(); // dragging works with any button
     if (event->button() == Qt::LeftButton && dragPointer_ && indexAt(event->position().toPoint()).isValid())
-        viewport()->setCursor(*dragPointer_);
+        viewport()->setCursor(cursorFor(*this, *dragPointer_));
 }
 
 void InputListView::mouseMoveEvent(QMouseEvent* event) {

@@ -1,10 +1,10 @@
 // The view of the input file list: moves rows by dragging.
 #pragma once
 
+#include "app/cursor_picture.h"
 #include "app/rows_view.h"
 #include "lists/list_drag.h"
 
-#include <QCursor>
 #include <optional>
 
 namespace brindlewick {
@@ -16,7 +16,7 @@ public:
     /// Shows, or no longer shows, that files can be dropped.
     void setHighlighted(bool isHighlighted);
     /// Sets the pointer that is shown while the left button is held on an entry.
-    void setDragPointer(const QCursor& pointer) { dragPointer_ = pointer; }
+    void setDragPointer(const CursorPicture& pointer) { dragPointer_ = pointer; }
     /// Ends the dragging of a row.
     void endDrag();
 
@@ -29,7 +29,7 @@ protected:
 private:
     ListDrag drag_;
     bool isHighlighted_ = false;
-    std::optional<QCursor> dragPointer_;
+    std::optional<CursorPicture> dragPointer_;
 };
 
 } // namespace brindlewick

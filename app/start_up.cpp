@@ -1,6 +1,5 @@
 // What the main window does when it opens and when it closes. The order of the steps matters.
 
-#include "app/cursor_picture.h"
 #include "app/main_window.h"
 #include "app/qt_text.h"
 #include "platform/error_report.h"
@@ -16,7 +15,7 @@ void Form1::Form_Load() {
     const Guard guard(user_, u"Form1.Form_Load");
     guard([&] { ApplySkin(*this, programFolder_); });
     guard([&] {
-        if (const std::optional<QCursor> hand = loadHandPointer(programFolder_, devicePixelRatioF()))
+        if (const std::optional<CursorPicture> hand = loadHandPointer(programFolder_))
             user_.setHandPointer(*hand);
     });
     const auto recordSamples = [&] {
@@ -36,8 +35,7 @@ void Form1::Form_Load() {
         controls_.ListView1->setColumnWidthInTwips(0, 7000);
         const std::u16string dragPicture = joinedPath(programFolder_, u"drag.ico");
         if (const QImage picture(toQString(dragPicture)); !picture.isNull())
-            controls_.ListView1->setDragPointer(
-                scaledCursor({picture, picture.rect().center()}, devicePixelRatioF()));
+            controls_.ListView1->setDragPointer({picture, picture.rect().center()});
     });
     guard([&] { controls_.Check1->setChecked(flagFromSetting(settings_.GetSetting(u"Check1", u"0")) == 1); });
     guard([&] { results_.setColumns(controls_.Check1->isChecked()); });

@@ -16,6 +16,7 @@
 #include <QUrl>
 #include <QWidget>
 #include <algorithm>
+#include <utility>
 
 namespace brindlewick {
 
@@ -68,10 +69,10 @@ void WindowUser::setApplicationTitle(std::u16string_view title) {
     title_ = toQString(title);
 }
 
-void WindowUser::setHandPointer(const QCursor& hand) {
+void WindowUser::setHandPointer(const CursorPicture& hand) {
     hand_ = hand;
-    if (pointer_ == PointerShape::custom)
-        window_.setCursor(*hand_);
+    if (std::exchange(pointer_, PointerShape::standard) == PointerShape::custom)
+        setPointer(PointerShape::custom);
 }
 
 void WindowUser::setBeforeDispatch(std::function<void()> beforeDispatch) {
@@ -153,7 +154,7 @@ void WindowUser::setPointer(PointerShape shape) {
         window_.setCursor(Qt::WaitCursor);
         return;
     case PointerShape::custom:
-        window_.setCursor(hand_.value_or(QCursor(Qt::ArrowCursor)));
+        window_.setCursor(hand_ ? cursorFor(window_, *hand_) : QCursor(Qt::ArrowCursor));
         return;
     case PointerShape::standard:
         window_.unsetCursor();

@@ -1,10 +1,10 @@
 // UserInterface for the main window: message boxes, dialogs, pointer, clipboard and event loop.
 #pragma once
 
+#include "app/cursor_picture.h"
 #include "app/narrator.h"
 #include "platform/user_interface.h"
 
-#include <QCursor>
 #include <QElapsedTimer>
 #include <QString>
 #include <functional>
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] Narrator& narrator() noexcept { return narrator_; }
     void setApplicationTitle(std::u16string_view title);
     /// The picture of the custom pointer; without one the custom pointer is the arrow.
-    void setHandPointer(const QCursor& hand);
+    void setHandPointer(const CursorPicture& hand);
     /// Sets a function that is called before events are handled (by `yield` and before every dialog), for
     /// example to report appended rows to the views.
     void setBeforeDispatch(std::function<void()> beforeDispatch);
@@ -74,7 +74,7 @@ private:
     QString title_;
     QString lastFolder_;
     PointerShape pointer_ = PointerShape::standard;
-    std::optional<QCursor> hand_;
+    std::optional<CursorPicture> hand_;
     std::function<void()> beforeDispatch_;
     int openDialogs_ = 0;
 
