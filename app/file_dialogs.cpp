@@ -1,6 +1,7 @@
 // Qt uses "/" on every platform; the program uses the platform's separator.
 #include "app/file_dialogs.h"
 
+#include "app/dialog_loop.h"
 #include "app/qt_text.h"
 #include "platform/user_interface.h"
 
@@ -52,6 +53,17 @@ void makeRoom(QFileDialog& dialog) {
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+/// Shows the dialog; true when the user has chosen. The window can be closed meanwhile, except on Windows,
+/// whose own dialogs are always modal.
+bool run(QFileDialog& dialog) {
+    makeRoom(dialog);
+#ifdef Q_OS_WIN
+    return dialog.exec() == QDialog::Accepted;
+#else
+    return runDialog(*dialog.parentWidget(), dialog) == QDialog::Accepted;
+#endif
+}
+
 bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
     dialog.setWindowTitle(toQString(wanted.title));
     // The captions already show the patterns.
@@ -59,8 +71,7 @@ bool run(QFileDialog& dialog, const FileDialog& wanted, const QString& folder) {
     dialog.setNameFilters(nameFilters(wanted.filter));
     if (!folder.isEmpty())
         dialog.setDirectory(folder);
-    makeRoom(dialog);
-    return dialog.exec() == QDialog::Accepted;
+    return run(dialog);
 }
 
 } // namespace
@@ -119,8 +130,7 @@ QString runFolderDialog(QWidget& parent, const QString& prompt, const QString& s
     folders.setOption(QFileDialog::ShowDirsOnly);
     if (!startFolder.isEmpty() && QFileInfo(startFolder).isDir())
         folders.setDirectory(startFolder);
-    makeRoom(folders);
-    if (folders.exec() != QDialog::Accepted || folders.selectedFiles().isEmpty())
+    if (!run(folders) || folders.selectedFiles().isEmpty())
         return {};
     return QDir::toNativeSeparators(folders.selectedFiles().front());
 }
