@@ -3,6 +3,7 @@
 #include "app/caption_button.h"
 #include "app/qt_text.h"
 #include "platform/error_report.h"
+#include "platform/text.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -10,7 +11,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 
 namespace brindlewick {
 
@@ -22,10 +22,6 @@ constexpr std::size_t workPerStep = std::size_t{1} << 16; // code units; less th
 constexpr int minRows = 4;
 constexpr int minRowsBesideBar = 2;
 constexpr int minTextWidth = 12; // characters of average width
-
-QString grouped(std::size_t number) {
-    return QLocale(QLocale::English).toString(static_cast<qulonglong>(number));
-}
 
 CaptionButton* makeButton(const char* name, const char* tip) {
     auto* const button = new CaptionButton;
@@ -107,6 +103,7 @@ void FindBar::close() {
     hide();
     view_.setMinRows(minRows);
     guarded([this] { finder_.start({}, 0); });
+    view_.setMarkedText({});
     if (hadFocus)
         view_.setFocus();
 }
@@ -130,7 +127,9 @@ void FindBar::startSearch(Goal goal) {
     if (isHidden())
         return;
     goal_ = goal;
-    finder_.start(fromQString(text_->text()), currentRow().value_or(0));
+    const std::u16string wanted = fromQString(text_->text());
+    view_.setMarkedText(wanted);
+    finder_.start(wanted, currentRow().value_or(0));
     slices_.start();
     showCount();
 }
@@ -169,7 +168,7 @@ void FindBar::showCount() {
     const bool isSearching = !finder_.isDone();
     const std::size_t hits = finder_.hitCount();
     const std::optional<std::size_t> current = currentRow();
-    QString text = grouped(hits) + (hits == 1 ? QStringLiteral(" hit") : QStringLiteral(" hits"));
+    QString text = toQString(countText(hits, u"hit", u"hits"));
     if (hits == 0)
         text = isSearching ? QStringLiteral("Searching") : QStringLiteral("No hits");
     if (text_->text().isEmpty())
@@ -177,7 +176,7 @@ void FindBar::showCount() {
     if (isSearching)
         text += u'\u2026';
     else if (current && finder_.isHit(*current))
-        text.prepend(grouped(finder_.hitsBefore(*current) + 1) + QStringLiteral(" of "));
+        text.prepend(toQString(groupedText(finder_.hitsBefore(*current) + 1) + u" of "));
     count_->setText(text);
     previous_->setEnabled(hits > 0);
     next_->setEnabled(hits > 0);

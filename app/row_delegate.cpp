@@ -1,19 +1,24 @@
 #include "app/row_delegate.h"
 
 #include "app/qt_text.h"
+#include "platform/letter_case.h"
 #include "platform/native_path.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QToolTip>
 #include <algorithm>
 
 namespace brindlewick {
 
 namespace {
+
+constexpr float markOpacity = 0.35F;
 
 /// The text with invisible places to break lines in words that no tool tip has room for.
 QString breakable(const QString& text) {
@@ -35,6 +40,10 @@ QString breakable(const QString& text) {
 
 RowDelegate::RowDelegate(QAbstractItemView& view) : QStyledItemDelegate(&view), view_(view) {}
 
+void RowDelegate::setMarkedText(std::u16string_view text) {
+    marked_ = foldedCase(text);
+}
+
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
     QStyleOptionViewItem cell = option;
@@ -42,6 +51,33 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (index.data(isPathRole).toBool())
         cell.text = shortenedPath(cell.text, cell.fontMetrics, roomForText(cell));
     view_.style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, &view_);
+    if (!marked_.empty())
+        paintMarks(*painter, cell);
+}
+
+void RowDelegate::paintMarks(QPainter& painter, const QStyleOptionViewItem& cell) const {
+    const std::u16string folded = foldedCase(fromQString(cell.text));
+    std::size_t at = folded.find(marked_);
+    if (at == std::u16string::npos)
+        return;
+    QTextLayout layout(cell.text, cell.font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const QRectF room = textRect(cell);
+    const bool isShortened = line.naturalTextWidth() > room.width();
+    const qreal end = isShortened ? room.width() : line.naturalTextWidth();
+    const qreal lastStart = isShortened ? end - cell.fontMetrics.horizontalAdvance(QChar(u'\u2026')) : end;
+    const bool isSelected = cell.state & QStyle::State_Selected;
+    QColor colour = cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Highlight);
+    colour.setAlphaF(markOpacity);
+    for (; at != std::u16string::npos; at = folded.find(marked_, at + marked_.size())) {
+        const qreal left = std::min(line.cursorToX(static_cast<int>(at)), lastStart);
+        const qreal right = std::min(line.cursorToX(static_cast<int>(at + marked_.size())), end);
+        painter.fillRect(QRectF(room.left() + left, room.top() + 1, right - left, room.height() - 2), colour);
+        if (left == lastStart)
+            break;
+    }
 }
 
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
@@ -55,25 +91,25 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (cell.fontMetrics.horizontalAdvance(cell.text) <= roomForText(cell))
         return false;
     const QString whole = index.data(Qt::ToolTipRole).toString();
-    // Without a width, a tool tip wraps rich text into narrow lines, and plain text not at all.
-    const int widest = view_.screen()->availableSize().width() * 2 / 3;
-    const QString tip = cell.fontMetrics.horizontalAdvance(whole) < widest
-                            ? QStringLiteral("<p style='white-space:pre'>%1</p>").arg(whole.toHtmlEscaped())
-                            : QStringLiteral("<table width=%1><tr><td>%2</td></tr></table>")
-                                  .arg(QString::number(widest), Qt::convertFromPlainText(breakable(whole)));
+    const QString tip = wrappedTip(whole, cell.fontMetrics, view_.screen()->availableSize().width() * 2 / 3);
     QToolTip::showText(event->globalPos(), tip, view_.viewport(), view_.visualRect(index));
     return true;
+}
+
+/// The part of the cell in which its style draws the text.
+QRect RowDelegate::textRect(const QStyleOptionViewItem& option) const {
+    const QStyle& style = *view_.style();
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, &view_) + 1;
+    return style.subElementRect(QStyle::SE_ItemViewItemText, &option, &view_).adjusted(margin, 0, -margin, 0);
 }
 
 /// The width in pixels of the part of the cell's text that can be seen. In a list that is scrolled to the
 /// right, the hidden part counts too: whoever scrolls is reading the whole text.
 int RowDelegate::roomForText(const QStyleOptionViewItem& option) const {
-    const QStyle& style = *view_.style();
-    const QRect text = style.subElementRect(QStyle::SE_ItemViewItemText, &option, &view_);
-    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, &view_) + 1;
+    const QRect text = textRect(option);
     const bool isScrolled = view_.horizontalScrollBar()->value() > 0;
-    const int right = isScrolled ? text.right() : std::min(text.right(), view_.viewport()->width() - 1);
-    return right - text.left() + 1 - 2 * margin;
+    const int seen = view_.viewport()->width() - text.left();
+    return isScrolled ? text.width() : std::min(text.width(), seen);
 }
 
 QString shortenedPath(const QString& path, const QFontMetrics& metrics, int width) {
@@ -86,6 +122,14 @@ QString shortenedPath(const QString& path, const QFontMetrics& metrics, int widt
     if (folders.isEmpty() || room < metrics.horizontalAdvance(QChar(u'\u2026')))
         return metrics.elidedText(path.right(nameLength), Qt::ElideMiddle, width);
     return metrics.elidedText(folders, Qt::ElideMiddle, room) + end;
+}
+
+QString wrappedTip(const QString& text, const QFontMetrics& metrics, int width) {
+    // Without a width, a tool tip wraps rich text into narrow lines, and plain text not at all.
+    return metrics.horizontalAdvance(text) < width
+               ? QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped())
+               : QStringLiteral("<table width=%1><tr><td>%2</td></tr></table>")
+                     .arg(QString::number(width), Qt::convertFromPlainText(breakable(text)));
 }
 
 } // namespace brindlewick

@@ -83,14 +83,13 @@ RowViewer::RowViewer(QWidget& owner, const ResultsTable& table)
 
 void RowViewer::showRow(std::size_t row) {
     rowText_ = table_.text(row);
-    const QLocale english(QLocale::English);
-    setWindowTitle(QStringLiteral("Row %1").arg(english.toString(static_cast<qulonglong>(row + 1))));
+    setWindowTitle(QStringLiteral("Row ") + toQString(groupedText(row + 1)));
     path_->setText(toQString(table_.filePath(row)));
     const int parts = partCount(rowText_);
     const QSignalBlocker blocker(part_);
-    part_->setLocale(english);
+    part_->setLocale(QLocale(QLocale::English)); // groups digits as groupedText does
     part_->setRange(1, parts);
-    part_->setSuffix(QStringLiteral(" of %1").arg(english.toString(parts)));
+    part_->setSuffix(QStringLiteral(" of ") + toQString(groupedText(static_cast<std::uint64_t>(parts))));
     part_->setValue(1);
     part_->setEnabled(true);
     parts_->setVisible(parts > 1);

@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-RowsView::RowsView(QWidget* parent) : QTableView(parent) {
+RowsView::RowsView(QWidget* parent) : QTableView(parent), delegate_(new RowDelegate(*this)) {
     setHorizontalHeader(new DividedHeader(Qt::Horizontal, this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
@@ -47,7 +47,7 @@ RowsView::RowsView(QWidget* parent) : QTableView(parent) {
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setStretchLastSection(true);
-    setItemDelegate(new RowDelegate(*this));
+    setItemDelegate(delegate_);
     fitToFont();
 }
 
@@ -88,6 +88,11 @@ QSize RowsView::sizeHint() const {
 void RowsView::setMinRows(int rows) {
     minRows_ = rows;
     fitToFont();
+}
+
+void RowsView::setMarkedText(std::u16string_view text) {
+    delegate_->setMarkedText(text);
+    viewport()->update();
 }
 
 void RowsView::paintEvent(QPaintEvent* event) {

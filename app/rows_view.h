@@ -6,8 +6,11 @@
 #include <QTableView>
 #include <cstddef>
 #include <optional>
+#include <string_view>
 
 namespace brindlewick {
+
+class RowDelegate;
 
 class RowsView : public QTableView {
 public:
@@ -23,6 +26,8 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     /// Sets for how many rows there is room at least; at first four.
     void setMinRows(int rows);
+    /// Marks the text where the shown cells contain it, in any letter case. The empty text marks nothing.
+    void setMarkedText(std::u16string_view text);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -33,6 +38,7 @@ private:
     void fitToFont();
     void showScrollBarsIfNeeded();
 
+    RowDelegate* delegate_;
     Step step_;
     int minRows_ = 4;
     int wantedWidth_ = 0; ///< pixels; of the columns together

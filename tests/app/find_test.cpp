@@ -40,6 +40,15 @@ struct Find : WindowStory {
                    ? part<QPlainTextEdit>("rowText")->toPlainText().toStdString()
                    : "closed";
     }
+    /// True if the text that is being looked for is marked in the cell.
+    bool isMarked(int row, int column) {
+        const QRect cell = results()->visualRect(results()->model()->index(row, column));
+        const QImage before = results()->viewport()->grab(cell).toImage();
+        results()->setMarkedText({});
+        const bool isChanged = results()->viewport()->grab(cell).toImage() != before;
+        results()->setMarkedText(part<QLineEdit>("findText")->text().toStdU16String());
+        return isChanged;
+    }
     /// What the bar says when the search is at its end.
     std::string count() {
         const auto* const label = part<QLabel>("findCount");
@@ -63,6 +72,8 @@ TEST_F(Find, AsTheUserTypesAndToTheNextAndPreviousHit) {
         EXPECT_EQ(count(), text);
         EXPECT_EQ(results()->selectedRow(), row);
     }
+    EXPECT_TRUE(isMarked(0, 1) && isMarked(4, 1));
+    EXPECT_FALSE(isMarked(0, 0) || isMarked(1, 1));
     type("<<<WOOD.j");
     EXPECT_EQ(count(), "3 of 5 hits"); // the path is shown too
     clickRow(results(), 3);
