@@ -1,12 +1,15 @@
 #include "app/narrator.h"
 
 #include "app/qt_text.h"
+#include "app/row_delegate.h"
 
 #include <QAbstractItemModel>
 #include <QAccessibleWidget>
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QStyle>
@@ -21,17 +24,35 @@ namespace {
 constexpr qint64 updateInterval = 50; // ms
 constexpr int progressSteps = 1000;
 
-/// Paints the text without its middle if it does not fit: the ends of a path matter most.
+/// Shortens a text that does not fit, a path after a colon so that the file name shows. Then a tool tip shows
+/// the whole.
 class ElidedLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
 protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip)
+            setToolTip(shownText() == text()
+                           ? QString()
+                           : wrappedTip(text(), fontMetrics(), screen()->availableSize().width() * 2 / 3));
+        return QLabel::event(event);
+    }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        const QString line = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
         style()->drawItemText(&painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                              isEnabled(), line, foregroundRole());
+                              isEnabled(), shownText(), foregroundRole());
+    }
+
+private:
+    QString shownText() const {
+        const QFontMetrics metrics = fontMetrics();
+        const int width = contentsRect().width();
+        const qsizetype colon = text().indexOf(QStringLiteral(": "));
+        const QString start = text().left(colon < 0 ? 0 : colon + 2);
+        const int rest = width - metrics.horizontalAdvance(start);
+        return rest < width / 4 ? metrics.elidedText(text(), Qt::ElideMiddle, width)
+                                : start + shortenedPath(text().mid(start.size()), metrics, rest);
     }
 };
 
