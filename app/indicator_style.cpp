@@ -13,19 +13,25 @@ namespace brindlewick {
 namespace {
 
 constexpr float textShare = 0.6F;
+constexpr float menuTextShare = 0.4F;
 
 } // namespace
 
 void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                    const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const QPalette& palette = option->palette;
+    if (element == PE_FrameMenu) {
+        painter->setPen(
+            mixedColour(palette.color(QPalette::Text), palette.color(QPalette::Base), menuTextShare));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
     if (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton)
         return;
     if (option->state & State_HasFocus && option->state & State_KeyboardFocusChange)
         return; // the outline has the colour of the focus
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    const QPalette& palette = option->palette;
     painter->setPen(mixedColour(palette.color(QPalette::Text), palette.color(QPalette::Base), textShare));
     painter->setBrush(Qt::NoBrush);
     // Over Fusion's own outlines.

@@ -1,4 +1,4 @@
-// Check boxes and option buttons that can be seen in dark colours and in large type.
+// Check boxes, option buttons and menus whose outlines can be seen in dark colours.
 #pragma once
 
 #include <QProxyStyle>
