@@ -24,6 +24,7 @@ if(BRINDLEWICK_SANITIZE)
   target_compile_options(brindlewick_options INTERFACE ${sanitizers})
   target_link_options(brindlewick_options INTERFACE ${sanitizers})
 endif()
+include(BrindlewickHardening)
 
 # What needs the operating system stands in a source named for it, x_posix.cpp, and has a twin, x_windows.cpp;
 # so do the tests. This is the word in the name.
