@@ -38,24 +38,35 @@ void* allocate(std::size_t size) noexcept {
     return std::malloc(std::max<std::size_t>(size, 1));
 }
 
-} // namespace
-
-// Those that arrays use are left alone: they call these, except with the sanitizers. No type here asks for
-// an alignment of its own.
-void* operator new(std::size_t size) {
+void* allocateOrThrow(std::size_t size) {
     if (void* const memory = allocate(size))
         return memory;
     throw std::bad_alloc();
 }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
+
+} // namespace
+
+// All forms without an alignment: a sanitizer has its own of each, and ends the program when memory of one
+// set is given back to the other. The forms with an alignment are a set of their own, and no type here uses
+// them.
+#define BRINDLEWICK_REPLACE(NEW, DELETE)                                                                     \
+    void* NEW(std::size_t size) {                                                                            \
+        return allocateOrThrow(size);                                                                        \
+    }                                                                                                        \
+    void* NEW(std::size_t size, const std::nothrow_t&) noexcept {                                            \
+        return allocate(size);                                                                               \
+    }                                                                                                        \
+    void DELETE(void* memory) noexcept {                                                                     \
+        std::free(memory);                                                                                   \
+    }                                                                                                        \
+    void DELETE(void* memory, std::size_t) noexcept {                                                        \
+        std::free(memory);                                                                                   \
+    }                                                                                                        \
+    void DELETE(void* memory, const std::nothrow_t&) noexcept {                                              \
+        std::free(memory);                                                                                   \
+    }
+BRINDLEWICK_REPLACE(operator new, operator delete)
+BRINDLEWICK_REPLACE(operator new[], operator delete[])
 
 namespace brindlewick::testing {
 namespace {
