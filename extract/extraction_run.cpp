@@ -86,6 +86,7 @@ void ExtractionRun::extractFiles(const Guard& guard, RunOutcome& outcome) {
     extraction.endFile();
     outcome.filesRead = extraction.filesRead();
     outcome.filesEmpty = extraction.filesEmpty();
+    outcome.filesInPieces = extraction.filesInPieces();
 }
 
 /// Shows the first file that has not ended. `share` is the part of that file that is done, 0 to 1.

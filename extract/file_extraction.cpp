@@ -44,6 +44,7 @@ bool FileExtraction::addRows(StretchJobs::Outcome& outcome, StretchJobs& jobs) {
     }
     if (isLast) {
         filesRead_ += file_ == FileState::read ? 1 : 0;
+        filesInPieces_ += file_ == FileState::read && piecesOfFile_ > 1 ? 1 : 0;
         filesEmpty_ += file_ == FileState::empty ? 1 : 0;
         endFile();
     }
@@ -55,6 +56,7 @@ void FileExtraction::startFile(const std::u16string& path) {
     rowsBefore_ = table_.rowCount();
     walker_.clearTexts();
     at_ = {};
+    piecesOfFile_ = 0;
     file_ = guard_([&] { table_.beginFile(path); }) ? FileState::read : FileState::unreadable;
 }
 
@@ -101,6 +103,7 @@ bool FileExtraction::addEntries(const StretchLines& read, std::uint32_t firstSta
             mode_ = options_.mode();
             if (!isForMode())
                 return false;
+            ++piecesOfFile_;
             // Mode 4 starts again in every piece, so a file of several pieces gives the texts of its last
             // one.
             if (mode_ == ExtractionMode::all)

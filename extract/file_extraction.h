@@ -34,9 +34,11 @@ public:
     /// Ends the current file, if there is one.
     void endFile();
 
-    /// Of the files that have ended, those that were read, and those without bytes.
+    /// Of the files that have ended, those that were read, those without bytes, and, among those read, those
+    /// whose text came in more than one piece.
     [[nodiscard]] std::size_t filesRead() const noexcept { return filesRead_; }
     [[nodiscard]] std::size_t filesEmpty() const noexcept { return filesEmpty_; }
+    [[nodiscard]] std::size_t filesInPieces() const noexcept { return filesInPieces_; }
 
 private:
     enum class FileState { none, empty, read, unreadable };
@@ -59,11 +61,13 @@ private:
     FileState file_ = FileState::none;
     TextPlace at_;                               ///< the start of the file's next fragment
     std::size_t rowsBefore_ = 0;                 ///< rows of the files before
+    std::size_t piecesOfFile_ = 0;               ///< so far
     ExtractionMode mode_ = ExtractionMode::none; ///< as it was at the start of the piece
     std::u16string row_;                         ///< buffer, reused between fragments
     bool missingTagReported_ = false;
     std::size_t filesRead_ = 0;
     std::size_t filesEmpty_ = 0;
+    std::size_t filesInPieces_ = 0;
 };
 
 } // namespace brindlewick

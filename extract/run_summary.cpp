@@ -39,6 +39,9 @@ std::u16string runSummary(const RunOutcome& outcome) {
         readText(outcome),
         unlessNone(outcome.filesEmpty, u"file is empty", u"files are empty"),
         unlessNone(unreadable, u"file could not be read", u"files could not be read"),
+        unlessNone(outcome.filesInPieces,
+                   u"long file without a UTF-8 mark was read in pieces, which may cut values",
+                   u"long files without a UTF-8 mark were read in pieces, which may cut values"),
         outcome.mode == ExtractionMode::none ? u"no mode is chosen, so values were extracted without tags"
                                              : u"",
     });
