@@ -26,9 +26,10 @@ int main(int count, char** words) {
         std::_Exit(EXIT_SUCCESS);
     });
     window.Form_Load();
-    const auto close = [&window] { window.close(); };
-    brindlewick::onEndRequest(window, close);
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window, close); // the session's end
+    brindlewick::onEndRequest(window, [&window] { window.close(); });
+    // A desktop can save its session without ending it. When it ends, it closes the window after this.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
+                     [&window] { window.saveForSession(); });
     window.show();
     return QApplication::exec();
 }

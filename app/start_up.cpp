@@ -72,4 +72,11 @@ void Form1::Form_QueryUnload() {
     endProcess_();
 }
 
+void Form1::saveForSession() noexcept {
+    try {
+        settings_.SaveSetting(u"Tags", tagsToSetting(tags_));
+    } catch (...) {
+    }
+}
+
 } // namespace brindlewick
