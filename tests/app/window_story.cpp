@@ -11,6 +11,7 @@
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -163,11 +164,14 @@ QPoint WindowStory::rowCentre(const RowsView* list, int row) {
 std::string WindowStory::choose(RowsView* list, const char* item) {
     QContextMenuEvent open(QContextMenuEvent::Keyboard, {}, {}, {});
     QApplication::sendEvent(list, &open);
-    const std::unique_ptr<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
+    const QPointer<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
     std::string chosen;
     for (QAction* action : menu != nullptr ? menu->actions() : QList<QAction*>())
-        if (action->text().section('\t', 0, 0) == item && action->isEnabled())
+        if (action->text().section('\t', 0, 0) == item && action->isEnabled()) {
             chosen = item, action->trigger();
+            break; // a dialog that opens closes the menu, and some versions of Qt delete it then
+        }
+    delete menu;
     return chosen;
 }
 
