@@ -53,10 +53,12 @@ class AccessibleProgram(Display):
         self.expect("the file dialog", self.file_field)
         self.xdotool("key", "ctrl+a")
         self.xdotool("type", "--delay", "1", path)
+        dialog = self.xdotool("getwindowfocus")
 
         def is_gone():
             self.xdotool("key", "Return")  # a list of proposals takes the first one in some dialogs
-            return self.soon(lambda: not self.file_field(), 5)  # a second Return must not reach the window
+            # A second Return must not reach the window.
+            return self.soon(lambda: self.xdotool("getwindowfocus") not in ("", "1", dialog), 5)
         self.expect("the file dialog closes", is_gone)
 
     def click(self, control):
