@@ -51,6 +51,13 @@ void addItem(QMenu& menu, const char* caption, bool isEnabled, std::function<voi
     QObject::connect(item, &QAction::triggered, &menu, std::move(action));
 }
 
+/// Some platforms give no data at all while the clipboard is empty.
+const QMimeData& clipboardData() {
+    static const QMimeData nothing;
+    const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
+    return data != nullptr ? *data : nothing;
+}
+
 } // namespace
 
 ListGestures::ListGestures(Subjects subjects) : s_(std::move(subjects)) {
@@ -166,8 +173,7 @@ void ListGestures::fillFileMenu(QMenu& menu) {
     menu.addSeparator();
     addItem(menu, "Copy Path\tCtrl+C", hasPath,
             [this] { copySelected(*s_.controls.ListView1, s_.inputFiles); });
-    addItem(menu, "Paste Files\tCtrl+V", QGuiApplication::clipboard()->mimeData()->hasUrls(),
-            [this] { pasteFiles(); });
+    addItem(menu, "Paste Files\tCtrl+V", clipboardData().hasUrls(), [this] { pasteFiles(); });
 }
 
 void ListGestures::fillTagMenu(QMenu& menu) {
@@ -177,8 +183,8 @@ void ListGestures::fillTagMenu(QMenu& menu) {
     addItem(menu, "Delete Tag\tDel", isFree && hasTag, [this] { deleteTag(); });
     menu.addSeparator();
     addItem(menu, "Copy\tCtrl+C", hasTag, [this] { copySelected(*s_.controls.ListView3, s_.tags); });
-    addItem(menu, "Paste Lines as Tags\tCtrl+V",
-            isFree && QGuiApplication::clipboard()->mimeData()->hasText(), [this] { pasteTags(); });
+    addItem(menu, "Paste Lines as Tags\tCtrl+V", isFree && clipboardData().hasText(),
+            [this] { pasteTags(); });
 }
 
 void ListGestures::fillResultsMenu(QMenu& menu) {
@@ -208,7 +214,7 @@ void ListGestures::removeFile() {
 }
 
 void ListGestures::pasteFiles() {
-    addFiles(filesIn(*QGuiApplication::clipboard()->mimeData()));
+    addFiles(filesIn(clipboardData()));
 }
 
 void ListGestures::addTag(const std::u16string& typed) {
