@@ -10,8 +10,9 @@ test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils app
 # To use the real program from outside: a display, a window manager, mouse and keys, the clipboard, pictures, the
 # accessibility bus.
 session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
-# To make the packages. file and dpkg-dev find what the .deb depends on; qt6-wayland goes into the .tar.gz.
-packing_packages=(file dpkg-dev qt6-wayland)
+# To make the packages. file and dpkg-dev find what the .deb depends on; patchelf and qt6-wayland are
+# for the .tar.gz.
+packing_packages=(file dpkg-dev patchelf qt6-wayland)
 # For continuous integration: another compiler, and a tool that counts instructions.
 gate_packages=(clang valgrind python3)
 
