@@ -8,7 +8,24 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QTimer>
 #include <cstdlib>
+
+namespace {
+
+void saveTagsAfterChanges(brindlewick::Form1& window) {
+    auto* const pause = new QTimer(&window);
+    pause->setSingleShot(true);
+    pause->setInterval(1000); // ms
+    const auto start = [pause] { pause->start(); };
+    const QAbstractItemModel* const tags = window.controls().ListView3->model();
+    QObject::connect(tags, &QAbstractItemModel::rowsInserted, pause, start);
+    QObject::connect(tags, &QAbstractItemModel::rowsRemoved, pause, start);
+    QObject::connect(tags, &QAbstractItemModel::modelReset, pause, start);
+    QObject::connect(pause, &QTimer::timeout, &window, [&window] { window.saveTags(); });
+}
+
+} // namespace
 
 int main(int count, char** words) {
     QApplication application(count, words);
@@ -29,7 +46,10 @@ int main(int count, char** words) {
     brindlewick::onEndRequest(window, [&window] { window.close(); });
     // A desktop can save its session without ending it. When it ends, it closes the window after this.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
-                     [&window] { window.saveForSession(); });
+                     [&window] { window.saveTags(); });
+    // Wayland has no such request: Qt ends the process when the desktop has gone.
+    if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))
+        saveTagsAfterChanges(window);
     window.show();
     return QApplication::exec();
 }

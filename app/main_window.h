@@ -38,9 +38,9 @@ public:
     void Form_Load();
     /// Saves the tags and ends the process.
     void Form_QueryUnload();
-    /// Saves the tags while the desktop saves its session. Closing reports what cannot be saved; this does
-    /// not, since the desktop waits for it.
-    void saveForSession() noexcept;
+    /// Saves the tags while the program goes on. Does not report a failure, since the desktop may be waiting;
+    /// closing does.
+    void saveTags() noexcept;
 
     [[nodiscard]] Controls& controls() noexcept { return controls_; }
     [[nodiscard]] WindowUser& user() noexcept { return user_; }

@@ -72,7 +72,7 @@ void Form1::Form_QueryUnload() {
     endProcess_();
 }
 
-void Form1::saveForSession() noexcept {
+void Form1::saveTags() noexcept {
     try {
         settings_.SaveSetting(u"Tags", tagsToSetting(tags_));
     } catch (...) {

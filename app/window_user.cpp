@@ -195,7 +195,8 @@ void WindowUser::setClipboardText(std::u16string_view text) {
 }
 
 void WindowUser::openFolder(std::u16string_view folder) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(toQString(folder)));
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(toQString(folder))))
+        showMessage(u"The desktop has no program that opens " + std::u16string(folder));
 }
 
 void WindowUser::catchUp() {
