@@ -36,13 +36,6 @@ std::optional<std::u16string> selectedText(const RowsView& list, const TextList&
     return row && *row < texts.size() ? std::optional(texts[*row]) : std::nullopt;
 }
 
-/// Qt gives none when the clipboard cannot be read.
-const QMimeData& clipboardData() {
-    static const QMimeData none;
-    const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
-    return data != nullptr ? *data : none;
-}
-
 /// When the rows that are being appended are shown.
 void scrollTo(RowsView& list, std::size_t row) {
     const auto scroll = [&list, row] {
