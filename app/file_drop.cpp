@@ -2,7 +2,6 @@
 
 #include "app/qt_text.h"
 
-#include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QSysInfo>
@@ -37,7 +36,7 @@ DroppedFiles filesIn(const QMimeData& data) {
             continue;
         }
 #endif
-        files.paths.push_back(fromQString(QDir::toNativeSeparators(url.toLocalFile())));
+        files.paths.push_back(pathOfUrl(url));
     }
     return files;
 }

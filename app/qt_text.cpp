@@ -1,6 +1,11 @@
 #include "app/qt_text.h"
 
+#include "platform/native_path.h"
 #include "platform/text.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QUrl>
 
 namespace brindlewick {
 
@@ -27,6 +32,28 @@ QString onOneLine(std::u16string text) {
 }
 
 } // namespace
+
+#ifdef Q_OS_WIN
+std::u16string pathOfUrl(const QUrl& url) {
+    return fromQString(QDir::toNativeSeparators(url.toLocalFile()));
+}
+
+QUrl urlOfPath(std::u16string_view path) {
+    return QUrl::fromLocalFile(toQString(path));
+}
+#else
+std::u16string pathOfUrl(const QUrl& url) {
+    const QByteArray bytes = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+    return textFromPathBytes({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+QUrl urlOfPath(std::u16string_view path) {
+    QUrl url;
+    url.setScheme(QStringLiteral("file"));
+    url.setPath(QString::fromLatin1(QByteArray::fromStdString(pathBytes(path)).toPercentEncoding("/")));
+    return url;
+}
+#endif
 
 QString displayText(std::u16string_view text) {
     return onOneLine(beginningOf(text, maxShown));

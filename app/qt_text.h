@@ -1,10 +1,12 @@
-// Conversions between the program's UTF-16 text and QString.
+// Conversions between the program's UTF-16 text, QString and QUrl.
 #pragma once
 
 #include <QString>
 #include <QStringView>
 #include <string>
 #include <string_view>
+
+class QUrl;
 
 namespace brindlewick {
 
@@ -16,6 +18,11 @@ namespace brindlewick {
 [[nodiscard]] inline std::u16string fromQString(QStringView text) {
     return std::u16string(text.utf16(), static_cast<std::size_t>(text.size()));
 }
+
+/// The path in a file's address, whatever its host, and the address of a path. Both keep names that are not
+/// valid text, as native_path.h says; QUrl's own conversions do not.
+[[nodiscard]] std::u16string pathOfUrl(const QUrl& url);
+[[nodiscard]] QUrl urlOfPath(std::u16string_view path);
 
 /// The beginning of the text for one line of a view: control characters become blanks, and an ellipsis marks
 /// that text follows. Costs the same for every length.

@@ -195,7 +195,7 @@ void WindowUser::setClipboardText(std::u16string_view text) {
 }
 
 void WindowUser::openFolder(std::u16string_view folder) {
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(toQString(folder))))
+    if (!QDesktopServices::openUrl(urlOfPath(folder)))
         showMessage(u"The desktop has no program that opens " + std::u16string(folder));
 }
 
