@@ -10,6 +10,7 @@
 #include <QFont>
 #include <QTimer>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -28,7 +29,7 @@ void saveTagsAfterChanges(brindlewick::Form1& window) {
 } // namespace
 
 int main(int count, char** words) {
-    QApplication application(count, words);
+    auto application = std::make_unique<QApplication>(count, words);
     QApplication::setApplicationVersion(QString::fromLatin1(brindlewick::programVersion));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(brindlewick::desktopId));
     QFont font = QApplication::font();
@@ -38,14 +39,14 @@ int main(int count, char** words) {
 
     // Closing ends the process at once, even inside an operation that dispatches events: the operation must
     // not continue without its window. All settings are already saved.
-    brindlewick::Form1 window(brindlewick::programFolder(), [] {
-        brindlewick::keepClipboard();
+    brindlewick::Form1 window(brindlewick::programFolder(), [&application] {
+        brindlewick::keepClipboard(application);
         std::_Exit(EXIT_SUCCESS);
     });
     window.Form_Load();
     brindlewick::onEndRequest(window, [&window] { window.close(); });
     // A desktop can save its session without ending it. When it ends, it closes the window after this.
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
+    QObject::connect(application.get(), &QGuiApplication::commitDataRequest, &window,
                      [&window] { window.saveTags(); });
     // Wayland has no such request: Qt ends the process when the desktop has gone.
     if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland")))

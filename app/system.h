@@ -3,7 +3,9 @@
 
 #include <QString>
 #include <functional>
+#include <memory>
 
+class QApplication;
 class QObject;
 
 namespace brindlewick {
@@ -19,9 +21,10 @@ extern const char* const configFolderVariable;
 /// replacing it must be tried repeatedly.
 extern const bool readersBlockReplacement;
 
-/// Makes the copied text available after the process has ended. On Windows the process would else have to
-/// provide it.
-void keepClipboard() noexcept;
+/// Makes the copied text available after the process has ended; to be called last. On Linux, Qt gives the
+/// text to the desktop's clipboard manager when the application object is destroyed, so this is done if text
+/// was copied. The process ends here if the manager takes longer than one second.
+void keepClipboard(std::unique_ptr<QApplication>& application) noexcept;
 
 /// Calls `handler` in the event loop when the system asks the process to end: by SIGTERM, SIGINT or SIGHUP,
 /// as long as `owner` exists. On Windows such a request closes the windows, so there is nothing to do. To be

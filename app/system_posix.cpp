@@ -1,12 +1,16 @@
 #include "app/system.h"
 
+#include <QApplication>
 #include <QByteArray>
+#include <QClipboard>
 #include <QFile>
 #include <QSocketNotifier>
 #include <QStandardPaths>
+#include <QWindow>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -44,7 +48,16 @@ QString configFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
 }
 
-void keepClipboard() noexcept {}
+void keepClipboard(std::unique_ptr<QApplication>& application) noexcept {
+    if (!QGuiApplication::clipboard()->ownsClipboard())
+        return;
+    // Qt waits five seconds for a clipboard manager that does not answer.
+    std::signal(SIGALRM, [](int) { _exit(EXIT_SUCCESS); });
+    alarm(1);
+    for (QWindow* window : QGuiApplication::topLevelWindows())
+        window->destroy(); // Qt leaves open dialogs on the screen
+    application.reset();
+}
 
 void onEndRequest(QObject& owner, std::function<void()> handler) {
     if (requestPipe[0] < 0 && pipe2(requestPipe, O_CLOEXEC | O_NONBLOCK) != 0)

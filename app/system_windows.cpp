@@ -1,5 +1,6 @@
 #include "app/system.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QStandardPaths>
 
@@ -20,7 +21,7 @@ QString configFolder() {
                : QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
 }
 
-void keepClipboard() noexcept {
+void keepClipboard(std::unique_ptr<QApplication>&) noexcept {
     // Qt provides the text only when it is pasted.
     ::OleFlushClipboard();
 }
