@@ -27,8 +27,8 @@ extern const bool readersBlockReplacement;
 void keepClipboard(std::unique_ptr<QApplication>& application) noexcept;
 
 /// Calls `handler` in the event loop when the system asks the process to end: by SIGTERM, SIGINT or SIGHUP,
-/// as long as `owner` exists. On Windows such a request closes the windows, so there is nothing to do. To be
-/// called at most once at a time.
+/// as long as `owner` exists. SIGPIPE is ignored from now on. On Windows such a request closes the windows,
+/// so there is nothing to do. To be called at most once at a time.
 void onEndRequest(QObject& owner, std::function<void()> handler);
 
 /// True while a debugger is attached to this process.

@@ -71,6 +71,7 @@ void onEndRequest(QObject& owner, std::function<void()> handler) {
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         watchSignal(signal);
+    std::signal(SIGPIPE, SIG_IGN); // a pipe whose reader has ended is a failure, no request
 }
 
 bool runsUnderDebugger() {

@@ -52,7 +52,11 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
         return;
     }
     std::optional<TextFileWriter> file;
-    step([&] { file.emplace(path); });
+    const auto mayWait = [&user] {
+        user.yield();
+        return !user.isStopRequested();
+    };
+    step([&] { file.emplace(path, mayWait); });
     step([&] {
         if (file)
             format.writeHeader(*file, table);
@@ -91,7 +95,9 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
         }
     });
     busy.end([&]() -> std::u16string {
-        return hasFailed ? u"Not all rows were written" : exportSummary(outcome, u"written");
+        if (hasFailed)
+            return user.isStopRequested() ? u"not all rows were written" : u"Not all rows were written";
+        return exportSummary(outcome, u"written");
     });
 }
 

@@ -101,15 +101,17 @@ private:
 /// A file open for writing bytes, unbuffered. Child processes do not inherit it.
 class OutputFile {
 public:
-    /// Creates the file, or empties an existing one.
+    /// Creates the file, or empties an existing one. A pipe that nobody reads fails with deviceIoError.
     explicit OutputFile(std::u16string_view path);
     /// Closes the file. A failure is lost here, so call close() first.
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
-    /// Writes all the bytes. On failure, some of them may be written.
-    void write(std::string_view bytes);
+    /// Writes bytes from the first on and returns how many: all of them, unless the reader of a pipe or the
+    /// like takes no more for the moment. If it takes none at all, this waits for it 50 ms at most. On
+    /// failure, some of the bytes may be written.
+    [[nodiscard]] std::size_t write(std::string_view bytes);
     /// Closes the file. Call it once, as the last operation.
     void close();
 

@@ -16,6 +16,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #ifdef __linux__
 #include <sys/vfs.h>
@@ -138,16 +139,21 @@ constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC; // needs no right 
 constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 #endif
 
+/// Does not wait for the other end of a pipe, now or later.
 int openFile(std::u16string_view path, int flags) {
     constexpr mode_t readAndWrite = 0666; // the process's mask applies
     const std::string native = checkedPath(path);
-    int file = -1;
-    do
-        file = ::open(native.c_str(), flags | O_CLOEXEC, readAndWrite);
-    while (file < 0 && errno == EINTR);
-    if (file < 0)
-        throwLastError(native);
-    return file;
+    flags |= O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    for (;;) {
+        const int file = ::open(native.c_str(), flags, readAndWrite);
+        if (file >= 0)
+            return file;
+        if (errno == EWOULDBLOCK && (flags & O_NONBLOCK) != 0)
+            flags &=
+                ~O_NONBLOCK; // a file server has a lease on the file, which it gives back on this request
+        else if (errno != EINTR)
+            throwLastError(native);
+    }
 }
 
 } // namespace
@@ -215,7 +221,7 @@ std::u16string programFolder() {
 }
 
 InputFile::InputFile(std::u16string_view path) : handle_(-1) {
-    const int file = openFile(path, O_RDONLY | O_NONBLOCK); // a pipe without a writer must not block
+    const int file = openFile(path, O_RDONLY);
     struct stat status {};
     if (::fstat(file, &status) != 0 || S_ISDIR(status.st_mode)) {
         ::close(file);
@@ -255,16 +261,26 @@ OutputFile::~OutputFile() {
         ::close(static_cast<int>(handle_));
 }
 
-void OutputFile::write(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(static_cast<int>(handle_), bytes.data(), bytes.size());
-        if (written > 0)
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        else if (written == 0)
+std::size_t OutputFile::write(std::string_view bytes) {
+    constexpr int maxWait = 50; // ms
+    const int file = static_cast<int>(handle_);
+    std::size_t count = 0;
+    while (count < bytes.size()) {
+        const ssize_t written = ::write(file, bytes.data() + count, bytes.size() - count);
+        if (written > 0) {
+            count += static_cast<std::size_t>(written);
+        } else if (written == 0) {
             throw Failure(FailureNumber::deviceIoError);
-        else if (errno != EINTR)
+        } else if (errno == EAGAIN) {
+            pollfd reader{.fd = file, .events = POLLOUT, .revents = 0};
+            if (count == 0)
+                ::poll(&reader, 1, maxWait);
+            break;
+        } else if (errno != EINTR) {
             throwLastError();
+        }
     }
+    return count;
 }
 
 void OutputFile::close() {

@@ -251,16 +251,18 @@ OutputFile::~OutputFile() {
         ::CloseHandle(handleOf(handle_));
 }
 
-void OutputFile::write(std::string_view bytes) {
-    while (!bytes.empty()) {
+std::size_t OutputFile::write(std::string_view bytes) {
+    std::size_t count = 0;
+    while (count < bytes.size()) {
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size() - count, maxTransfer));
         DWORD written = 0;
-        if (::WriteFile(handleOf(handle_), bytes.data(),
-                        static_cast<DWORD>(std::min(bytes.size(), maxTransfer)), &written, nullptr) == 0)
+        if (::WriteFile(handleOf(handle_), bytes.data() + count, wanted, &written, nullptr) == 0)
             throwLastError();
         if (written == 0)
             throw Failure(FailureNumber::deviceIoError);
-        bytes.remove_prefix(written);
+        count += written;
     }
+    return count;
 }
 
 void OutputFile::close() {

@@ -1,11 +1,13 @@
 #include "platform/text_file_writer.h"
 
+#include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/text_encoding.h"
 
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace brindlewick {
 
@@ -17,6 +19,7 @@ constexpr std::size_t bufferLength = std::size_t{1} << 18; // bytes
 
 struct TextFileWriter::State {
     std::optional<OutputFile> file;
+    std::function<bool()> mayWait;
     std::string buffer;
     bool hasFailed = false;
     std::uint64_t replacedCharacters = 0;
@@ -27,7 +30,11 @@ struct TextFileWriter::State {
         if (!takesText())
             return;
         hasFailed = true; // until the write succeeds
-        file->write(buffer);
+        for (std::string_view rest = buffer; !rest.empty();) {
+            rest.remove_prefix(file->write(rest));
+            if (!rest.empty() && !(mayWait && mayWait()))
+                throw Failure(FailureNumber::deviceIoError);
+        }
         hasFailed = false;
         buffer.clear();
     }
@@ -37,8 +44,10 @@ struct TextFileWriter::State {
     }
 };
 
-TextFileWriter::TextFileWriter(std::u16string_view path) : state_(std::make_unique<State>()) {
+TextFileWriter::TextFileWriter(std::u16string_view path, std::function<bool()> mayWait)
+    : state_(std::make_unique<State>()) {
     state_->file.emplace(path);
+    state_->mayWait = std::move(mayWait);
     state_->buffer.reserve(bufferLength * 2);
 }
 

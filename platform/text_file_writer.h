@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,8 +11,10 @@ namespace brindlewick {
 
 class TextFileWriter {
 public:
-    /// Creates the file, or empties an existing one. Fails as files.h says.
-    explicit TextFileWriter(std::u16string_view path);
+    /// Creates the file, or empties an existing one. Fails as files.h says. While the reader of a pipe takes
+    /// nothing, `mayWait` is called about every 50 ms; false, or no function, ends the wait with
+    /// deviceIoError.
+    TextFileWriter(std::u16string_view path, std::function<bool()> mayWait);
     /// Writes what is buffered and closes the file. A failure is lost here, so call close() first.
     ~TextFileWriter();
     TextFileWriter(const TextFileWriter&) = delete;

@@ -126,6 +126,7 @@ TEST_F(Keys, TheWindowClosesWhileADialogIsOpenButTakesNoInput) {
 TEST_F(Keys, ASignalToEndClosesTheWindow) {
     fill({}, {u"n"});
     onEndRequest(*window, [this] { window->close(); });
+    std::raise(SIGPIPE); // as writing to a pipe that is no longer read
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         ended = 0;
         SettingsFile().SaveSetting(u"Tags", u"");

@@ -95,7 +95,7 @@ TEST(Encodings, KeepEveryByteAndReplaceWhatHasNone) {
 
 TEST(TextFileWriter, WritesMoreThanItsBufferHoldsUntilItIsClosed) {
     const TemporaryFolder folder;
-    TextFileWriter file(folder.text("out.txt"));
+    TextFileWriter file(folder.text("out.txt"), {});
     file.write(u"Filename\u20AC\u00E4\u4E2D\U0001F600");
     file.writeLineEnd();
     file.write(std::u16string(1'000'001, u'\u00E9'));

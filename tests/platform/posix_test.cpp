@@ -2,12 +2,16 @@
 // them.
 #include "extract/extraction_run.h"
 #include "lists/scanned_tree.h"
+#include "output/aligned_text.h"
 #include "platform/path_status.h"
 
+#include <algorithm>
+#include <csignal>
 #include <fcntl.h>
 #include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace brindlewick::testing {
 namespace {
@@ -60,6 +64,48 @@ TEST(Scan, DoesNotFollowLinks) {
     EXPECT_EQ(tree.scan({"."}), (Names{"a/file.json", "a/x.json", "b/y.json", "b/sub/z.json"}));
     for (const char* start : {"a/side", "a/side/"}) // listed, but not its subfolders
         EXPECT_EQ(tree.scan({start}), Names{"a/side/y.json"});
+}
+
+TEST(Pipes, TakeAnExportAsFastAsTheyAreRead) {
+    const TemporaryFolder folder;
+    const std::string path = (folder.path() / "pipe").string();
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    ResultsTable table;
+    table.setColumns(false);
+    table.beginFile(u"");
+    for (int row = 0; row < 2; ++row) // each is more than a pipe takes at once
+        table.appendRow(table.store(std::u16string(300'000, u'x')), false);
+    ScriptedUser user;
+    const auto outcome = [&] {
+        SaveListviewProperlySpaced(user, ResultsListview(table), folder.text("pipe"), nullptr);
+        return user.takeTranscript();
+    };
+    const std::string start = "pointer: hourglass\n";
+    const std::string failure =
+        "report: Device I/O error in Extract1.SaveListviewProperlySpaced\npointer: standard\nsummary: ";
+    EXPECT_EQ(outcome(), start + failure + "Not all rows were written\n"); // nobody reads it
+
+    int reader = ::open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    std::string bytes(1 << 20, '\0');
+    std::size_t count = 0;
+    const auto read = [&] {
+        count += static_cast<std::size_t>(std::max<ssize_t>(0, ::read(reader, bytes.data(), bytes.size())));
+    };
+    user.whenYielding = read;
+    EXPECT_EQ(outcome(), start + "pointer: standard\nsummary: 2 rows written\n");
+    read();
+    EXPECT_EQ(count, 3U * 300'003); // with the header
+
+    std::size_t yields = 0;
+    user.whenYielding = [&] { // the reader pauses for ever
+        if (++yields == 10)
+            user.requestStop();
+    };
+    EXPECT_EQ(outcome(), start + failure + "Stopped: not all rows were written\n");
+
+    std::signal(SIGPIPE, SIG_IGN); // as the program does
+    user.whenYielding = [&] { ::close(std::exchange(reader, -1)); };
+    EXPECT_EQ(outcome(), start + failure + "Not all rows were written\n");
 }
 
 /// A run over a file between two good ones.

@@ -35,7 +35,7 @@ TEST(LongPath, IsReadWrittenAndListed) {
         ASSERT_EQ(path.size(), length);
         {
             OutputFile file(path);
-            file.write("four");
+            EXPECT_EQ(file.write("four"), 4U);
             file.close();
         }
         EXPECT_EQ(fileLength(path), 4U) << length;
