@@ -9,11 +9,11 @@ namespace {
 
 __extension__ using Wide = unsigned __int128;
 
-constexpr Wide largestMagnitude = (Wide{1} << 96) - 1;
+constexpr Wide maxMagnitude = (Wide{1} << 96) - 1;
 constexpr int maxDigits = 29; // of a 96-bit magnitude
 
 // Only the sign of an exponent beyond this matters: no text has enough digits to compensate for it.
-constexpr std::int64_t largestExponent = std::int64_t{1} << 40;
+constexpr std::int64_t maxExponent = std::int64_t{1} << 40;
 
 bool isDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
@@ -86,7 +86,7 @@ std::optional<Parts> takeApart(std::u16string_view text) {
         if (takeDigits() == 0)
             return std::nullopt;
         for (const char16_t digit : text.substr(exponentStart, at - exponentStart))
-            parts.exponent = std::min(parts.exponent * 10 + (digit - u'0'), largestExponent);
+            parts.exponent = std::min(parts.exponent * 10 + (digit - u'0'), maxExponent);
         if (minus)
             parts.exponent = -parts.exponent;
     }
@@ -142,17 +142,17 @@ DecimalReading readDecimal(std::u16string_view text) {
 
     const std::int64_t fractionDigits = digits.length() - static_cast<std::int64_t>(point);
     const std::int64_t scale =
-        std::clamp<std::int64_t>(fractionDigits - parts->exponent, -largestExponent, largestExponent);
-    const std::int64_t largestScale = std::clamp<std::int64_t>(scale, 0, largestDecimalScale);
+        std::clamp<std::int64_t>(fractionDigits - parts->exponent, -maxExponent, maxExponent);
+    const std::int64_t maxScale = std::clamp<std::int64_t>(scale, 0, maxDecimalScale);
     if (first == digits.length())
-        return {decimalOf(0, largestScale, false), std::nullopt};
+        return {decimalOf(0, maxScale, false), std::nullopt};
 
     const std::int64_t wholeDigits = digits.length() - first - scale; // before the point; may be negative
     if (wholeDigits > maxDigits)
         return {{}, FailureNumber::overflow};
-    for (std::int64_t tried = std::min(largestScale, maxDigits - wholeDigits); tried >= 0; --tried) {
+    for (std::int64_t tried = std::min(maxScale, maxDigits - wholeDigits); tried >= 0; --tried) {
         const Wide magnitude = rounded(digits, first, wholeDigits + tried);
-        if (magnitude <= largestMagnitude)
+        if (magnitude <= maxMagnitude)
             return {decimalOf(magnitude, tried, parts->negative), std::nullopt};
     }
     return {{}, FailureNumber::overflow};

@@ -20,7 +20,7 @@ struct DecimalNumber {
     friend bool operator==(const DecimalNumber&, const DecimalNumber&) = default;
 };
 
-inline constexpr int largestDecimalScale = 28;
+inline constexpr int maxDecimalScale = 28;
 
 /// A number, or why the text is not one: typeMismatch for text of another form, overflow for a magnitude that
 /// no scale can represent. Returned, not thrown, because lenient text contains many values that fail.

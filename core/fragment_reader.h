@@ -57,7 +57,7 @@ public:
 
     /// Reads the fragment at `at` (code units from 0, in and out) and sets `at` to its end; for an object,
     /// that is the "," or "[" that ended it. False when no text is left: the last unit of a text is never the
-    /// start of a fragment. Linear in the text that is read; recursion is limited by deepestNesting. Fails as
+    /// start of a fragment. Linear in the text that is read; recursion is limited by maxNesting. Fails as
     /// the sink does.
     bool read(std::size_t& at) {
         if (at > static_cast<std::size_t>(end_ - begin_))
@@ -155,7 +155,7 @@ private:
         switch (unit()) {
         case u'{':
         case u'[':
-            if (nesting_ == deepestNesting)
+            if (nesting_ == maxNesting)
                 return FailureNumber::outOfStackSpace;
             ++nesting_;
             if (*at_ == u'{')

@@ -2,8 +2,10 @@
 
 #include "core/string_builder.h"
 #include "platform/failure.h"
+#include "platform/text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace brindlewick {
 
@@ -16,18 +18,13 @@ bool isWrittenAsItIs(char16_t unit) {
 void appendEscaped(char16_t unit, cStringBuilder& line) {
     static constexpr std::u16string_view units = u"\"\\/\b\f\n\r\t";
     static constexpr std::u16string_view letters = u"\"\\/bfnrt";
-    static constexpr std::u16string_view hexadecimal = u"0123456789ABCDEF";
     if (const std::size_t known = units.find(unit); known != std::u16string_view::npos) {
         const char16_t escape[] = {u'\\', letters[known]};
         line.Append({escape, 2});
     } else {
-        const char16_t escape[] = {u'\\',
-                                   u'u',
-                                   hexadecimal[unit >> 12],
-                                   hexadecimal[(unit >> 8) & 15],
-                                   hexadecimal[(unit >> 4) & 15],
-                                   hexadecimal[unit & 15]};
-        line.Append({escape, 6});
+        const std::array<char16_t, 4> digits = hexadecimalDigits(unit);
+        line.Append(u"\\u");
+        line.Append({digits.data(), digits.size()});
     }
 }
 
@@ -139,9 +136,7 @@ std::u16string serializeNativeArray(const NativeArray& array, std::int32_t dimen
     line.Append(u"[");
     const NativeArray::Bounds bounds = array.dimensions[static_cast<std::size_t>(dimension - 1)];
     for (std::int32_t index = bounds.lower; index <= bounds.upper; ++index) {
-        const std::string digits = std::to_string(index);
-        line.Append(
-            serializeNativeArray(array, dimension + 1, std::u16string(digits.begin(), digits.end()), path));
+        line.Append(serializeNativeArray(array, dimension + 1, decimalText(index), path));
         if (index < bounds.upper)
             line.Append(u",");
     }

@@ -18,7 +18,7 @@ class JsonObject;
 class JsonArray;
 
 /// The maximum nesting of objects and arrays. It bounds the stack that reading, writing and destroying take.
-inline constexpr int deepestNesting = 1024;
+inline constexpr int maxNesting = 1024;
 
 struct JsonNull {};
 

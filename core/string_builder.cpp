@@ -12,10 +12,10 @@ namespace brindlewick {
 
 namespace {
 
-constexpr std::int64_t largestCount = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t maxCount = std::numeric_limits<std::int32_t>::max();
 
 std::int32_t checkedCount(std::int64_t count) {
-    if (count > largestCount || count < -largestCount - 1)
+    if (count > maxCount || count < -maxCount - 1)
         throw Failure(FailureNumber::overflow);
     return static_cast<std::int32_t>(count);
 }

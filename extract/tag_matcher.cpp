@@ -11,7 +11,7 @@ namespace brindlewick {
 namespace {
 
 // Entries of 4 bytes. Beyond this number the tags' edges are used instead of a full table.
-constexpr std::size_t largestTable = std::size_t{1} << 24;
+constexpr std::size_t maxTableSize = std::size_t{1} << 24;
 
 std::uint64_t edgeKey(std::uint32_t state, std::uint32_t unitClass) {
     return (std::uint64_t{state} << 16) | unitClass;
@@ -27,7 +27,7 @@ TagMatcher::TagMatcher(std::span<const std::u16string> tags) : classOfUnit_(6553
     for (std::size_t unit = 0; unit < classOfUnit_.size(); ++unit)
         classOfUnit_[unit] = classOfUnit_[folded[unit]];
     linkFailures();
-    if (nodes_.size() * classCount_ <= largestTable)
+    if (nodes_.size() * classCount_ <= maxTableSize)
         buildTable();
 
     const auto isNotEmpty = [](const std::u16string& tag) { return !tag.empty(); };
