@@ -20,8 +20,8 @@ public:
     /// More than any memory.
     static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max() / 8;
 
-    /// No more room is made once there are more than `longest` code units.
-    explicit UnitBuffer(std::size_t longest) noexcept : longest_(longest) {}
+    /// No more room is made once there are more than `maxLength` code units.
+    explicit UnitBuffer(std::size_t maxLength) noexcept : maxLength_(maxLength) {}
 
     /// Makes room for `count` more code units. Fails with outOfMemory when the buffer is too long.
     void makeRoom(std::size_t count) {
@@ -45,12 +45,21 @@ public:
         length_ -= count;
     }
 
+    /// Frees the memory after the last unit.
+    void dropRoom() {
+        if (length_ > 0)
+            resize(length_);
+    }
+
 private:
     void grow(std::size_t count) {
         // `count` is an upper bound, so only the units that were put decide.
-        if (length_ > longest_)
+        if (length_ > maxLength_)
             throw Failure(FailureNumber::outOfMemory);
-        const std::size_t capacity = std::max(std::min(capacity_ * 2, longest_), length_ + count + 1024);
+        resize(std::max(std::min(capacity_ * 2, maxLength_), length_ + count + 1024));
+    }
+
+    void resize(std::size_t capacity) {
         // realloc, because the system moves large blocks without copying them.
         void* const units = std::realloc(units_.get(), capacity * sizeof(char16_t));
         if (units == nullptr)
@@ -67,7 +76,7 @@ private:
     std::unique_ptr<char16_t[], Free> units_;
     std::size_t length_ = 0;
     std::size_t capacity_ = 0;
-    std::size_t longest_;
+    std::size_t maxLength_;
 };
 
 } // namespace brindlewick

@@ -63,9 +63,8 @@ void FileExtraction::startFile(const std::u16string& path) {
 void FileExtraction::endFile() {
     if (std::exchange(file_, FileState::none) != FileState::read || options_.mode() != ExtractionMode::all)
         return;
-    mode_ = ExtractionMode::all;
-    guard_([&] { addRows(walker_.keyText(), 1); });
-    guard_([&] { addRows(walker_.valueText(), 1); });
+    guard_([&] { addRows(table_.store(walker_.keyText()), 1); });
+    guard_([&] { addRows(table_.store(walker_.valueText()), 1); });
 }
 
 void FileExtraction::dropFile() {
@@ -129,40 +128,43 @@ void FileExtraction::extractLine(std::u16string_view line, std::size_t matches) 
         return;
     }
     if (mode_ == ExtractionMode::entireLine) {
-        addRows(trimmedBlanks(line), matches);
+        if (const std::u16string_view text = trimmedBlanks(line); !text.empty())
+            addRows(table_.store(text), matches);
         return;
     }
     // Every matching tag gives the same row, except in the fragment with the run's first array: there the
     // walk for the first tag starts before an array was seen, the others after.
     const bool arraySeenBefore = walker_.arraySeen();
-    walkToRow(line);
+    UnitBuffer& row = rowOf(line);
     const bool isFirstArray = !arraySeenBefore && walker_.arraySeen();
-    addRows(row_, isFirstArray ? 1 : matches);
-    if (isFirstArray && matches > 1) {
-        walkToRow(line);
-        addRows(row_, matches - 1);
-    }
+    addRows(row, isFirstArray ? 1 : matches);
+    if (isFirstArray && matches > 1)
+        addRows(rowOf(line), matches - 1);
 }
 
-/// Sets row_ to the row's text; empty for a fragment without a value text, which has no row.
-void FileExtraction::walkToRow(std::u16string_view line) {
+/// The row's text, in a buffer of the walker; empty for a fragment without a value text, which has no row.
+UnitBuffer& FileExtraction::rowOf(std::u16string_view line) {
     walker_.clearTexts();
     walker_.walk(line);
-    row_.clear();
-    if (walker_.valueText().empty())
-        return;
-    if (mode_ == ExtractionMode::valueAndTag)
-        row_.append(walker_.keyText()).append(u":");
-    row_.append(walker_.valueText());
+    UnitBuffer& value = walker_.valueText();
+    if (mode_ != ExtractionMode::valueAndTag || value.length() == 0)
+        return value;
+    UnitBuffer& row = walker_.keyText();
+    row.makeRoom(1 + value.length());
+    row.put(u':');
+    row.put(value.view());
+    return row;
 }
 
-/// Adds a row for each of `count` tags; none for an empty text, except in mode 4.
-void FileExtraction::addRows(std::u16string_view text, std::size_t count) {
-    if (text.empty() && mode_ != ExtractionMode::all)
-        return;
-    const ResultsTable::Text stored = table_.store(text);
+/// Adds a row for each of `count` tags; none for an empty text. May empty the text.
+void FileExtraction::addRows(UnitBuffer& text, std::size_t count) {
+    if (text.length() > 0)
+        addRows(table_.store(text), count);
+}
+
+void FileExtraction::addRows(ResultsTable::Text text, std::size_t count) {
     for (; count > 0; --count) {
-        table_.appendRow(stored, options_.includeFilename());
+        table_.appendRow(text, options_.includeFilename());
         if (count % rowsBetweenYields == 0)
             user_.yield();
     }

@@ -48,8 +48,9 @@ private:
     bool addEntries(const StretchLines& read, std::uint32_t firstStart);
     void extractLine(std::u16string_view line, std::size_t matches);
     void readFirstTag();
-    void walkToRow(std::u16string_view line);
-    void addRows(std::u16string_view text, std::size_t count);
+    UnitBuffer& rowOf(std::u16string_view line);
+    void addRows(UnitBuffer& text, std::size_t count);
+    void addRows(ResultsTable::Text text, std::size_t count);
     void readAgain(Stretch&& stretch, StretchJobs& jobs);
 
     UserInterface& user_;
@@ -63,7 +64,6 @@ private:
     std::size_t rowsBefore_ = 0;                 ///< rows of the files before
     std::size_t piecesOfFile_ = 0;               ///< so far
     ExtractionMode mode_ = ExtractionMode::none; ///< as it was at the start of the piece
-    std::u16string row_;                         ///< buffer, reused between fragments
     bool missingTagReported_ = false;
     std::size_t filesRead_ = 0;
     std::size_t filesEmpty_ = 0;

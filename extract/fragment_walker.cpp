@@ -3,7 +3,7 @@
 #include "platform/failure.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <array>
 
 namespace brindlewick {
 
@@ -11,8 +11,7 @@ namespace {
 
 constexpr char16_t separator = u' '; // after every part of a text
 
-enum Unwanted : std::uint8_t {
-    none = 0,
+enum Stripped : std::uint8_t {
     quote = 1,
     openBrace = 2,
     closeBrace = 4,
@@ -20,62 +19,45 @@ enum Unwanted : std::uint8_t {
     closeBracket = 16,
 };
 
-constexpr std::uint8_t kindOf(char16_t unit) {
-    switch (unit) {
-    case u'"':
-        return quote;
-    case u'{':
-        return openBrace;
-    case u'}':
-        return closeBrace;
-    case u'[':
-        return openBracket;
-    case u']':
-        return closeBracket;
-    default:
-        return none;
-    }
+// What is stripped from a text.
+constexpr std::uint8_t fromKey = quote | openBrace | openBracket | closeBracket;
+constexpr std::uint8_t fromObjectKey = quote | openBrace | closeBrace;
+constexpr std::uint8_t fromValue = quote | openBrace | closeBrace | closeBracket;
+constexpr std::uint8_t fromPart = fromValue | openBracket;
+
+consteval std::array<std::uint8_t, 128> makeKinds() {
+    std::array<std::uint8_t, 128> kinds{};
+    kinds[u'"'] = quote;
+    kinds[u'{'] = openBrace;
+    kinds[u'}'] = closeBrace;
+    kinds[u'['] = openBracket;
+    kinds[u']'] = closeBracket;
+    return kinds;
 }
 
-constexpr std::uint8_t keyUnwanted = quote | openBrace | openBracket | closeBracket;
-constexpr std::uint8_t levelUnwanted = keyUnwanted;
-constexpr std::uint8_t valueUnwanted = quote | openBrace | closeBrace;
-constexpr std::uint8_t looseValueUnwanted = valueUnwanted | closeBracket;
-/// As appendValueCleaning, with brackets removed first.
-constexpr std::uint8_t partUnwanted = valueUnwanted | openBracket | closeBracket;
+constexpr std::array<std::uint8_t, 128> kinds = makeKinds();
 
-void appendWithout(std::uint8_t unwanted, std::u16string_view text, std::u16string& target) {
-    const std::size_t start = target.size();
+/// Appends the text without the stripped units, and then without blanks (U+0020) at its beginning and end.
+void appendWithout(std::uint8_t stripped, std::u16string_view text, UnitBuffer& target) {
+    target.makeRoom(text.size());
+    char16_t* const start = target.end();
+    char16_t* to = start;
     for (const char16_t unit : text) {
-        const bool isLeadingBlank = unit == u' ' && target.size() == start;
-        if ((kindOf(unit) & unwanted) == 0 && !isLeadingBlank)
-            target.push_back(unit);
+        const bool isStripped = unit < kinds.size() && (kinds[unit] & stripped) != 0;
+        const bool isLeadingBlank = unit == u' ' && to == start;
+        *to = unit;
+        to += isStripped || isLeadingBlank ? 0 : 1;
     }
-    while (target.size() > start && target.back() == u' ')
-        target.pop_back();
+    while (to > start && to[-1] == u' ')
+        --to;
+    target.advance(static_cast<std::size_t>(to - start));
 }
 
 } // namespace
 
-void appendKeyCleaning(std::u16string_view text, std::u16string& target) {
-    appendWithout(keyUnwanted, text, target);
-}
-
-void appendLevelCleaning(std::u16string_view text, std::u16string& target) {
-    appendWithout(levelUnwanted, text, target);
-}
-
-void appendValueCleaning(std::u16string_view text, std::u16string& target) {
-    appendWithout(valueUnwanted, text, target);
-}
-
-void appendLooseValueCleaning(std::u16string_view text, std::u16string& target) {
-    appendWithout(looseValueUnwanted, text, target);
-}
-
 void FragmentWalker::clearTexts() noexcept {
-    keyText_.clear();
-    valueText_.clear();
+    keyText_.cutTo(0);
+    valueText_.cutTo(0);
 }
 
 void FragmentWalker::walk(std::u16string_view line) {
@@ -103,20 +85,16 @@ void FragmentWalker::walkObjectElement(std::u16string_view element) {
         addParts(element);
         return;
     }
-    name_.clear();
-    appendValueCleaning(element, name_);
-    if (!name_.empty()) {
-        openLevels(name_, 1);
-        return;
-    }
-    appendLooseValueCleaning(element, valueText_);
-    finishValuePiece();
+    const std::size_t start = keyText_.length();
+    appendWithout(fromObjectKey, element, keyText_);
+    if (keyText_.length() > start)
+        repeatKey(start, 1);
+    else
+        addValue(element, fromValue);
 }
 
 void FragmentWalker::walkArrayElement(std::u16string_view element) {
-    name_.clear();
-    appendLevelCleaning(element, name_);
-    openLevels(name_, static_cast<std::size_t>(std::count(element.begin(), element.end(), u'{')));
+    openLevels(element);
     addParts(element);
     arraySeen_ = true;
 }
@@ -124,43 +102,53 @@ void FragmentWalker::walkArrayElement(std::u16string_view element) {
 /// Before the first array of a run, the whole element is one part, including its commas and the next member's
 /// key. After it, the element is cut at its commas, and an element without commas is lost.
 void FragmentWalker::walkOtherElement(std::u16string_view element) {
-    name_.clear();
-    appendKeyCleaning(element, name_);
-    openLevels(name_, static_cast<std::size_t>(std::count(element.begin(), element.end(), u'{')));
-    if (!arraySeen_) {
-        appendLooseValueCleaning(element, valueText_);
-        finishValuePiece();
-    } else if (element.find(u',') != std::u16string_view::npos) {
+    openLevels(element);
+    if (!arraySeen_)
+        addValue(element, fromValue);
+    else if (element.find(u',') != std::u16string_view::npos)
         addParts(element);
-    }
 }
 
-/// Writes the name once for every level. Checks the length first, because it may be the square of the
-/// element's.
-void FragmentWalker::openLevels(std::u16string_view name, std::size_t count) {
-    if (count > (maxTextLength - keyText_.size()) / (name.size() + 1))
+/// Every "{" opens a level, and each is named by the whole element.
+void FragmentWalker::openLevels(std::u16string_view element) {
+    const auto levels = static_cast<std::size_t>(std::count(element.begin(), element.end(), u'{'));
+    if (levels == 0)
+        return;
+    const std::size_t start = keyText_.length();
+    appendWithout(fromKey, element, keyText_);
+    repeatKey(start, levels);
+}
+
+/// The key text from `start` on is a key: it stands there `count` times after this, which is at least once.
+/// Checks the length first, because it may be the square of the element's.
+void FragmentWalker::repeatKey(std::size_t start, std::size_t count) {
+    const std::size_t length = keyText_.length() - start;
+    if (count > (maxTextLength - start) / (length + 1)) {
+        keyText_.cutTo(start);
         throw Failure(FailureNumber::outOfMemory);
-    for (; count > 0; --count) {
-        keyText_.append(name);
-        keyText_.push_back(separator);
     }
+    keyText_.makeRoom((length + 1) * count);
+    keyText_.put(separator);
+    while (--count > 0)
+        keyText_.put(keyText_.view().substr(start, length + 1));
 }
 
 /// Adds every part between commas, without brackets.
 void FragmentWalker::addParts(std::u16string_view element) {
     for (;;) {
         const std::size_t comma = element.find(u',');
-        appendWithout(partUnwanted, element.substr(0, comma), valueText_);
-        finishValuePiece();
+        addValue(element.substr(0, comma), fromPart);
         if (comma == std::u16string_view::npos)
             return;
         element.remove_prefix(comma + 1);
     }
 }
 
-void FragmentWalker::finishValuePiece() {
-    valueText_.push_back(separator);
-    if (valueText_.size() > maxTextLength)
+void FragmentWalker::addValue(std::u16string_view text, std::uint8_t stripped) {
+    appendWithout(stripped, text, valueText_);
+    valueText_.makeRoom(1);
+    valueText_.put(separator);
+    if (valueText_.length() > maxTextLength)
         throw Failure(FailureNumber::outOfMemory);
 }
 

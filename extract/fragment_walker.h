@@ -1,19 +1,14 @@
 // Makes key text and value text from a fragment's line, by splitting it and stripping characters.
 #pragma once
 
-#include <string>
+#include "core/unit_buffer.h"
+#include "platform/failure.h"
+
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace brindlewick {
-
-// Each of the four functions appends the text to `target` without the listed characters, and then without
-// leading and trailing blanks (U+0020).
-void appendKeyCleaning(std::u16string_view text, std::u16string& target); ///< without " { [ ]
-void appendLevelCleaning(std::u16string_view text,
-                         std::u16string& target);                           ///< without " { [ ], with }
-void appendValueCleaning(std::u16string_view text, std::u16string& target); ///< without " { }
-void appendLooseValueCleaning(std::u16string_view text,
-                              std::u16string& target); ///< without " { } ], with [
 
 /// Works on the line's text, not on parsed values. This is crude, and kept because users rely on the texts.
 ///
@@ -27,8 +22,9 @@ public:
     /// Empties both texts; arraySeen stays.
     void clearTexts() noexcept;
 
-    const std::u16string& keyText() const noexcept { return keyText_; }
-    const std::u16string& valueText() const noexcept { return valueText_; }
+    /// May be emptied by the caller.
+    UnitBuffer& keyText() noexcept { return keyText_; }
+    UnitBuffer& valueText() noexcept { return valueText_; }
     bool arraySeen() const noexcept { return arraySeen_; }
 
 private:
@@ -36,13 +32,13 @@ private:
     void walkObjectElement(std::u16string_view element);
     void walkArrayElement(std::u16string_view element);
     void walkOtherElement(std::u16string_view element);
-    void openLevels(std::u16string_view name, std::size_t count);
+    void openLevels(std::u16string_view element);
+    void repeatKey(std::size_t start, std::size_t count);
     void addParts(std::u16string_view element);
-    void finishValuePiece();
+    void addValue(std::u16string_view text, std::uint8_t stripped);
 
-    std::u16string keyText_;
-    std::u16string valueText_;
-    std::u16string name_; ///< buffer for the name of a level, reused between calls
+    UnitBuffer keyText_{maxTextLength};
+    UnitBuffer valueText_{maxTextLength};
     bool arraySeen_ = false;
 };
 

@@ -9,7 +9,7 @@ namespace brindlewick {
 
 namespace {
 
-// Code units; 1 MiB. A text that would waste much of an arena's free space gets an arena of its own.
+// Code units; 1 MiB. A text that would waste much of an arena's free space gets memory of its own.
 constexpr std::size_t arenaLength = std::size_t{1} << 19;
 constexpr std::size_t maxSharedArenaText = arenaLength / 8;
 
@@ -93,26 +93,37 @@ void ResultsTable::beginFile(std::u16string_view path) {
 }
 
 ResultsTable::Text ResultsTable::store(std::u16string_view text) {
-    if (text.size() > maxTextLength)
-        throw Failure(FailureNumber::outOfMemory);
-    Text stored;
-    stored.length_ = static_cast<std::uint32_t>(text.size());
-    if (text.size() > rows_.arenaLeft && text.size() > maxSharedArenaText) {
-        rows_.arenas.push_back(std::make_unique_for_overwrite<char16_t[]>(text.size()));
-        std::copy(text.begin(), text.end(), rows_.arenas.back().get());
-        stored.units_ = rows_.arenas.back().get();
-        return stored;
-    }
     if (text.size() > rows_.arenaLeft) {
+        if (text.size() > maxTextLength)
+            throw Failure(FailureNumber::outOfMemory);
+        if (text.size() > maxSharedArenaText) {
+            UnitBuffer copy(maxTextLength);
+            copy.makeRoom(text.size());
+            copy.put(text);
+            return storeLong(std::move(copy));
+        }
         rows_.arenas.push_back(std::make_unique_for_overwrite<char16_t[]>(arenaLength));
         rows_.arenaNext = rows_.arenas.back().get();
         rows_.arenaLeft = arenaLength;
     }
     std::copy(text.begin(), text.end(), rows_.arenaNext);
-    stored.units_ = rows_.arenaNext;
+    const Text stored(rows_.arenaNext, text.size());
     rows_.arenaNext += text.size();
     rows_.arenaLeft -= text.size();
     return stored;
+}
+
+ResultsTable::Text ResultsTable::store(UnitBuffer& text) {
+    if (text.length() <= maxSharedArenaText || text.length() > maxTextLength)
+        return store(text.view());
+    text.dropRoom();
+    return storeLong(std::exchange(text, UnitBuffer(maxTextLength)));
+}
+
+ResultsTable::Text ResultsTable::storeLong(UnitBuffer&& text) {
+    rows_.longTexts.push_back(std::move(text));
+    const std::u16string_view stored = rows_.longTexts.back().view();
+    return {stored.data(), stored.size()};
 }
 
 void ResultsTable::appendRow(Text text, bool withFilename) {

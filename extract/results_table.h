@@ -4,6 +4,7 @@
 // share its path. What is stored never moves, so the table grows without copying rows.
 #pragma once
 
+#include "core/unit_buffer.h"
 #include "platform/undo_list.h"
 
 #include <cstddef>
@@ -40,8 +41,10 @@ public:
     /// A text that several rows may share. Valid until the rows are cleared.
     class Text {
         friend class ResultsTable;
-        const char16_t* units_ = nullptr;
-        std::uint32_t length_ = 0;
+        Text(const char16_t* units, std::size_t length)
+            : units_(units), length_(static_cast<std::uint32_t>(length)) {}
+        const char16_t* units_;
+        std::uint32_t length_;
     };
 
     /// `undoList`, if there is one, must not undo changes of a table that has been destroyed.
@@ -63,6 +66,8 @@ public:
     void beginFile(std::u16string_view path);
     /// Stores a text for any number of rows. Fails with outOfMemory when it is longer than `maxTextLength`.
     [[nodiscard]] Text store(std::u16string_view text);
+    /// The same, but may empty `text`: the memory of a long one is stored itself.
+    [[nodiscard]] Text store(UnitBuffer& text);
     /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second
     /// the text; without it, the first cell is the text and a second column stays empty.
     void appendRow(Text text, bool withFilename);
@@ -107,11 +112,13 @@ private:
         std::size_t count = 0;
         std::vector<std::u16string> files;
         std::vector<std::unique_ptr<char16_t[]>> arenas;
+        std::vector<UnitBuffer> longTexts; ///< each with memory of its own
         char16_t* arenaNext = nullptr;
         std::size_t arenaLeft = 0; ///< code units
     };
 
     bool restoreRows();
+    Text storeLong(UnitBuffer&& text);
 
     static constexpr std::size_t rowsPerBlock = std::size_t{1} << 16;
 
