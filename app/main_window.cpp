@@ -4,7 +4,6 @@
 #include "app/find_bar.h"
 #include "app/row_viewer.h"
 #include "extract/run_summary.h"
-#include "output/clipboard_text.h"
 #include "platform/error_report.h"
 #include "platform/text.h"
 
@@ -164,10 +163,7 @@ void Form1::nameKey(const QKeySequence& keys, QPushButton* button) {
 }
 
 void Form1::copySelectedRows() {
-    const Guard guard(user_, u"Form1.ListView2_KeyDown");
-    guard([&] {
-        CopyRowsToClipboard(user_, ResultsListview(results_), controls_.ListView2->selectedRanges());
-    });
+    outputHandlers_.ListView2_Copy(controls_.ListView2->selectedRanges());
 }
 
 /// What the lists hold, for the status bar.

@@ -89,19 +89,39 @@ std::size_t CopyListviewToClipboard(UserInterface& user, const ListviewTable& ta
     return copy.rows;
 }
 
-void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::span<const RowRange> ranges) {
-    std::u16string text;
-    for (const auto& [first, last] : ranges) {
-        for (std::size_t row = first; row <= last; ++row) {
-            for (std::size_t column = 0; column < table.columnCount(); ++column)
-                text.append(column > 0 ? u"\t" : u"").append(table.cell(row, column));
-            text += lineEnd;
-            if (text.size() > maxTextLength)
-                throw Failure(FailureNumber::outOfMemory);
+std::size_t CopyRowsToClipboard(UserInterface& user, const ListviewTable& table,
+                                std::span<const RowRange> ranges) {
+    const auto forEachRow = [&](const auto& action) {
+        for (const auto& [first, last] : ranges) {
+            for (std::size_t row = first; row <= last && !user.isStopRequested(); ++row) {
+                action(row);
+                user.yield();
+            }
         }
-    }
-    if (!text.empty())
-        user.setClipboardText(text);
+    };
+    std::size_t rows = 0;
+    std::size_t length = 0;
+    forEachRow([&](std::size_t row) {
+        for (std::size_t column = 0; column < table.columnCount(); ++column)
+            length += table.cell(row, column).size() + 1; // a tab, or one unit of the line end
+        if (++length > maxTextLength)
+            throw Failure(FailureNumber::outOfMemory);
+        ++rows;
+    });
+    ExportProgress progress(user, u"Copying");
+    std::u16string text;
+    text.reserve(length);
+    std::size_t copied = 0;
+    forEachRow([&](std::size_t row) {
+        for (std::size_t column = 0; column < table.columnCount(); ++column)
+            text.append(column > 0 ? u"\t" : u"").append(table.cell(row, column));
+        text += lineEnd;
+        progress.showRow(++copied, rows);
+    });
+    if (rows == 0 || user.isStopRequested())
+        return 0;
+    user.setClipboardText(text);
+    return rows;
 }
 
 } // namespace brindlewick

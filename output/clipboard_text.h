@@ -34,9 +34,10 @@ struct RowRange {
     std::size_t last;
 };
 
-/// Puts the rows on the clipboard, checked or not: a tab between two cells, CR LF after every row. No rows
-/// leave the clipboard as it is. Fails with outOfMemory when the text becomes longer than `maxTextLength`,
-/// and as `UserInterface::setClipboardText` does.
-void CopyRowsToClipboard(UserInterface& user, const ListviewTable& table, std::span<const RowRange> ranges);
+/// Puts the rows on the clipboard, checked or not: a tab between two cells, CR LF after every row. Returns
+/// the number of rows. No rows, and a stop by the user, leave the clipboard as it is. Yields and fails as
+/// CopyListviewToClipboard does.
+std::size_t CopyRowsToClipboard(UserInterface& user, const ListviewTable& table,
+                                std::span<const RowRange> ranges);
 
 } // namespace brindlewick

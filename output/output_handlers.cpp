@@ -1,14 +1,13 @@
 #include "output/output_handlers.h"
 
 #include "output/aligned_text.h"
-#include "output/clipboard_text.h"
 #include "output/comma_delimited_text.h"
 #include "output/row_export.h"
 #include "platform/busy_scope.h"
-#include "platform/error_report.h"
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 namespace brindlewick {
 
@@ -35,19 +34,16 @@ void OutputHandlers::PushButton12_Click() {
 // "Copy Results To Clipboard"
 void OutputHandlers::PushButton11_Click() {
     const Guard guard(user_, u"Form1.PushButton11_Click");
-    std::size_t rows = 0;
-    BusyScope busy(user_, guard);
-    const bool isCopied = guard([&] { rows = CopyListviewToClipboard(user_, ResultsListview(table_)); });
-    if (user_.isStopRequested()) {
-        busy.end([] { return u"nothing was copied"; });
+    if (copy(guard, false, [&] { return CopyListviewToClipboard(user_, ResultsListview(table_)); }))
+        guard([&] { user_.showMessage(copiedMessage); });
+}
+
+void OutputHandlers::ListView2_Copy(std::span<const RowRange> ranges) {
+    if (std::exchange(isCopyingRows_, true))
         return;
-    }
-    busy.end([&]() -> std::u16string {
-        const std::size_t tableRows = table_.rowCount();
-        return isCopied ? exportSummary({tableRows, rows, tableRows - rows}, u"copied")
-                        : u"Nothing was copied";
-    });
-    guard([&] { user_.showMessage(copiedMessage); });
+    const Guard guard(user_, u"Form1.ListView2_KeyDown");
+    copy(guard, true, [&] { return CopyRowsToClipboard(user_, ResultsListview(table_), ranges); });
+    isCopyingRows_ = false;
 }
 
 // "Clear List"
@@ -67,6 +63,24 @@ void OutputHandlers::save(std::u16string_view routine, Writer write) {
     });
     if (mayWrite)
         guard([&] { write(user_, ResultsListview(table_), path, nullptr); });
+}
+
+/// False when the user has stopped it. `copyRows` returns the number of rows.
+bool OutputHandlers::copy(const Guard& guard, bool takesUncheckedRows,
+                          const std::function<std::size_t()>& copyRows) {
+    std::size_t rows = 0;
+    BusyScope busy(user_, guard);
+    const bool isCopied = guard([&] { rows = copyRows(); });
+    const bool isStopped = user_.isStopRequested();
+    busy.end([&]() -> std::u16string {
+        const std::size_t tableRows = table_.rowCount();
+        if (isStopped)
+            return u"nothing was copied";
+        return isCopied
+                   ? exportSummary({tableRows, rows, takesUncheckedRows ? 0 : tableRows - rows}, u"copied")
+                   : u"Nothing was copied";
+    });
+    return !isStopped;
 }
 
 } // namespace brindlewick
