@@ -128,17 +128,16 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
     // Deliberate: one collection for the whole drop, so that every folder lists the files of the folders
     // before it again.
     std::optional<FolderCollection> folders;
-    std::optional<BusyScope> busy; // from the first folder on
+    BusyScope busy(user_, guard);
     for (const std::u16string& item : items) {
-        if (busy && user_.isStopRequested())
+        if (folders && user_.isStopRequested())
             break;
         if (!IsFolder(item)) {
             guard([&] { inputFiles_.append(item); });
             ++added;
+            user_.yield();
             continue;
         }
-        if (!busy)
-            busy.emplace(user_, guard);
         guard([&] {
             if (!folders)
                 folders.emplace(u"*.*");
@@ -146,15 +145,11 @@ void InputFileHandlers::ListView1_OLEDragDrop(const std::vector<std::u16string>&
             added += appendFilesOfTree(user_, guard, *folders, inputFiles_);
         });
     }
-    const auto summary = [&] {
+    busy.end([&] {
         LeftOut leftOut = leftOutBy(folders);
         leftOut.elsewhere = elsewhere;
         return scanSummary(added, leftOut);
-    };
-    if (busy)
-        busy->end(summary);
-    else if (!user_.isBusy())
-        guard([&] { user_.endProgress(summary()); });
+    });
 }
 
 } // namespace brindlewick

@@ -148,6 +148,8 @@ progress: Adding, 1 file so far: ~/A/
 progress: Adding, 2 files so far: ~/A/x/
 pointer: standard
 summary: 4 files added; 1 folder left out because of its name
+pointer: hourglass
+pointer: standard
 summary: 1 file added
 pointer: hourglass
 progress: Scanning, 0 files so far: ~/B/
