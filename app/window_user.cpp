@@ -22,11 +22,12 @@ namespace brindlewick {
 
 namespace {
 
-constexpr qint64 minPause = 8'000'000;   // ns; half a frame at 60 Hz
-constexpr qint64 maxPause = 100'000'000; // ns; a longer pause is noticed
-constexpr int maxDispatch = 5;           // ms
-constexpr int maxPlainReports = 3;       // of one operation; the next ones have a check box
-constexpr int answerWidth = 60;          // characters of average width
+constexpr qint64 minPause = 8'000'000;  // ns; half a frame at 60 Hz
+constexpr qint64 maxPause = 50'000'000; // ns; twice that is noticed
+constexpr int maxDispatch = 5;          // ms
+constexpr int maxPlainReports = 3;      // of one operation; the next ones have a check box
+constexpr std::size_t unitsBetweenYields = std::size_t{1} << 20; // while a text is copied
+constexpr int answerWidth = 60;                                  // characters of average width
 
 } // namespace
 
@@ -187,7 +188,12 @@ void WindowUser::endProgress(std::u16string_view summary) {
 
 void WindowUser::setClipboardText(std::u16string_view text) {
     QClipboard* clipboard = QGuiApplication::clipboard();
-    const QString wanted = toQString(text);
+    QString wanted;
+    wanted.reserve(static_cast<qsizetype>(text.size()));
+    for (; !text.empty(); text.remove_prefix(std::min(text.size(), unitsBetweenYields))) {
+        wanted += toQString(text.substr(0, unitsBetweenYields));
+        yield();
+    }
     clipboard->setText(wanted);
     // Some platforms do not report the clipboard's owner, so compare its content.
     if (!clipboard->ownsClipboard() && clipboard->text() != wanted)

@@ -1,8 +1,9 @@
 // Makes the inputs of the benchmarks: the same bytes for the same arguments, on every machine.
 //
 //     make_input KIND COUNT PATH      KIND: records, nested, pretty, long, plain-records, utf16-records (one
-//                                     file of about COUNT bytes), files (a folder of COUNT files of 4 KB),
-//                                     tree (a folder of COUNT small files, 50 to a folder)
+//                                     file of about COUNT bytes), array (one array of COUNT bytes), files (a
+//                                     folder of COUNT files of 4 KB), tree (a folder of COUNT small files, 50
+//                                     to a folder)
 
 #include "generated_json.h"
 
@@ -53,6 +54,12 @@ bool make(const std::string& kind, std::size_t count, const std::filesystem::pat
         return writeFolder(path, count, smallFileLength, count);
     if (kind == "tree")
         return writeFolder(path, count, 1, filesPerFolder);
+    if (kind == "array") {
+        std::string bytes = mark + '[';
+        while (bytes.size() + 2 < count)
+            bytes += "1,";
+        return writeFile(path, bytes + "1]");
+    }
     if (kind == "plain-records")
         return writeFile(path, generatedJson(Shape::records, count));
     if (kind == "utf16-records")
