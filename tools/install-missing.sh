@@ -5,11 +5,11 @@
 # To build and open the window. libgl1-mesa-dev: Ubuntu's Qt packages do not depend on it.
 build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev fonts-liberation)
 # To build and run the tests and the benchmarks. desktop-file-utils, appstream and man-db check the menu entry, the
-# metainfo and the manual page; python3-pyfuse3 lets a test provide a file system.
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils appstream man-db python3-pyfuse3)
+# metainfo and the manual page.
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev desktop-file-utils appstream man-db)
 # To use the real program from outside: a display, a window manager, mouse and keys, the clipboard, pictures, the
-# accessibility bus.
-session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi)
+# accessibility bus, a file system of its own.
+session_packages=(xvfb openbox xdotool xclip imagemagick dbus-daemon at-spi2-core python3-pyatspi python3-pyfuse3)
 # To make the packages. file and dpkg-dev find what the .deb depends on; patchelf and qt6-wayland are
 # for the .tar.gz.
 packing_packages=(file dpkg-dev patchelf qt6-wayland)
