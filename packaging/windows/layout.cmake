@@ -6,7 +6,8 @@ install(FILES "${share}/HAND-M.CUR" "${share}/drag.ico" DESTINATION .)
 
 # Notepad before 2018 shows text without carriage returns as one line.
 configure_file(windows/README.txt.in README.txt @ONLY NEWLINE_STYLE WIN32)
-install(FILES "${CMAKE_CURRENT_BINARY_DIR}/README.txt" DESTINATION .)
+configure_file("${PROJECT_SOURCE_DIR}/docs/manual.md" manual.txt @ONLY NEWLINE_STYLE WIN32)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/README.txt" "${CMAKE_CURRENT_BINARY_DIR}/manual.txt" DESTINATION .)
 configure_file("${PROJECT_SOURCE_DIR}/LICENSE" Brindlewick.txt @ONLY NEWLINE_STYLE WIN32)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/Brindlewick.txt" DESTINATION licences)
 # The program includes Qt, so Qt's licence is included too.
