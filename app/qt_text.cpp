@@ -50,7 +50,8 @@ std::u16string pathOfUrl(const QUrl& url) {
 QUrl urlOfPath(std::u16string_view path) {
     QUrl url;
     url.setScheme(QStringLiteral("file"));
-    url.setPath(QString::fromLatin1(QByteArray::fromStdString(pathBytes(path)).toPercentEncoding("/")));
+    url.setPath(QString::fromLatin1(QByteArray::fromStdString(pathBytes(path)).toPercentEncoding("/")),
+                QUrl::TolerantMode);
     return url;
 }
 #endif

@@ -1,4 +1,5 @@
 // Gestures of mouse and keyboard in the lists, undoing them, and what the window shows of itself.
+#include "app/qt_text.h"
 #include "app/row_delegate.h"
 #include "app/window_story.h"
 
@@ -240,6 +241,7 @@ TEST_F(Gestures, DroppedAddressesGiveTheFilesOfThisComputer) {
                      QSysInfo::machineHostName().toUtf8() + "/c.json\r\n");
     EXPECT_TRUE(drop(files()->viewport(), data));
     EXPECT_EQ(window->inputFiles()[0], u"/\xDCFF\u00E4#?.json");
+    EXPECT_EQ(pathOfUrl(urlOfPath(window->inputFiles()[0])), window->inputFiles()[0]);
     EXPECT_EQ(window->inputFiles()[1], u"/c.json");
     EXPECT_EQ(status(), "2 files added; 1 file of another computer left out");
 }
