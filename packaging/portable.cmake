@@ -8,20 +8,24 @@ file(MAKE_DIRECTORY "${folder}/lib" "${licences}/common")
 
 # The window is drawn without OpenGL. Only under Wayland Qt draws a frame around it where it could use OpenGL, so that
 # plug-in is here and the ones for X11 are not.
-set(chosen platforms/libqxcb.so platforms/libqwayland-generic.so platforms/libqoffscreen.so
+set(wanted platforms/libqxcb.so platforms/libqwayland*.so platforms/libqoffscreen.so
   wayland-shell-integration/libxdg-shell.so wayland-decoration-client/libbradient.so
   wayland-graphics-integration-client/libqt-plugin-wayland-egl.so
   imageformats/libqgif.so imageformats/libqico.so imageformats/libqjpeg.so
   platforminputcontexts/libcomposeplatforminputcontextplugin.so
   platforminputcontexts/libibusplatforminputcontextplugin.so)
-foreach(plugin IN LISTS chosen)
-  if(NOT EXISTS "${plugins}/${plugin}")
-    message(FATAL_ERROR "There is no ${plugins}/${plugin}. tools/install-missing.sh lists the packages for packing.")
+list(TRANSFORM wanted PREPEND "${plugins}/")
+file(GLOB chosen ${wanted})
+foreach(display IN ITEMS xcb wayland)
+  if(NOT chosen MATCHES "/libq${display}")
+    message(FATAL_ERROR "Qt's plug-in for ${display} is missing. tools/install-missing.sh lists the packages to install.")
   endif()
-  cmake_path(GET plugin PARENT_PATH kind)
-  file(INSTALL "${plugins}/${plugin}" DESTINATION "${folder}/plugins/${kind}")
 endforeach()
-list(TRANSFORM chosen PREPEND "${plugins}/")
+foreach(plugin IN LISTS chosen)
+  cmake_path(RELATIVE_PATH plugin BASE_DIRECTORY "${plugins}" OUTPUT_VARIABLE place)
+  cmake_path(GET place PARENT_PATH kind)
+  file(INSTALL "${plugin}" DESTINATION "${folder}/plugins/${kind}")
+endforeach()
 
 # Every desktop has these, and each must be the machine's own, because it belongs to the system or to a server on it, or
 # because others of them, perhaps newer than the packing machine's, use it too.
@@ -77,8 +81,8 @@ execute_process(
   COMMAND dpkg-query -W -f "\${Package} \${Version}, source: \${source:Package} \${source:Version}\n" ${carried}
   OUTPUT_VARIABLE versions COMMAND_ERROR_IS_FATAL ANY)
 file(WRITE "${licences}/README.txt"
-"The libraries in lib/brindlewick/lib and the plug-ins in lib/brindlewick/plugins are those of the Debian packages below,
-unchanged. Each licence is in PACKAGE.txt here; the licences that these name by a path are in the folder common. Debian
+"The libraries in lib/brindlewick/lib and the plug-ins in lib/brindlewick/plugins come unchanged from the Debian packages
+below. Each licence is in PACKAGE.txt here; the licences that these name by a path are in the folder common. Debian
 publishes the sources under the names and versions given. To use a library that you have changed, put it in the place
 of the file here.
 
