@@ -18,7 +18,7 @@ list(TRANSFORM wanted PREPEND "${plugins}/")
 file(GLOB chosen ${wanted})
 foreach(display IN ITEMS xcb wayland)
   if(NOT chosen MATCHES "/libq${display}")
-    message(FATAL_ERROR "Qt's plug-in for ${display} is missing. tools/install-missing.sh lists the packages to install.")
+    message(FATAL_ERROR "Qt's plug-in for ${display} is missing. tools/install-missing.sh lists what to install.")
   endif()
 endforeach()
 foreach(plugin IN LISTS chosen)
@@ -81,9 +81,9 @@ execute_process(
   COMMAND dpkg-query -W -f "\${Package} \${Version}, source: \${source:Package} \${source:Version}\n" ${carried}
   OUTPUT_VARIABLE versions COMMAND_ERROR_IS_FATAL ANY)
 file(WRITE "${licences}/README.txt"
-"The libraries in lib/brindlewick/lib and the plug-ins in lib/brindlewick/plugins come unchanged from the Debian packages
-below. Each licence is in PACKAGE.txt here; the licences that these name by a path are in the folder common. Debian
-publishes the sources under the names and versions given. To use a library that you have changed, put it in the place
-of the file here.
+"The libraries in lib/brindlewick/lib and the plug-ins in lib/brindlewick/plugins come unchanged from the Debian
+packages below. Each licence is in PACKAGE.txt here; the licences that these name by a path are in the folder common.
+Debian publishes the sources under the names and versions given. To use a library that you have changed, put it in the
+place of the file here.
 
 ${versions}")
