@@ -29,11 +29,11 @@ const std::string copiedMessage =
     "Brindlewick: Results have been copied to the clipboard.\n\nClick a text area where you normally type "
     "and press Ctrl+V to paste the clipboard. [OK]";
 
-TEST_F(Stories, TheFourModesGiveTheRowsOfTheReadme) {
-    std::ifstream file(README);
-    const std::string readme{std::istreambuf_iterator<char>(file), {}};
-    const std::size_t example = readme.find("```json\n") + 8;
-    folder.write("zoo.json", readme.substr(example, readme.find("```", example) - example));
+TEST_F(Stories, TheFourModesGiveTheRowsOfTheManual) {
+    std::ifstream file(MANUAL);
+    const std::string manual{std::istreambuf_iterator<char>(file), {}};
+    const std::size_t example = manual.find("\n    {\n");
+    folder.write("zoo.json", manual.substr(example, manual.find("\n| ", example) - example));
     open();
     person.answers = {path("zoo.json"), "name"};
     click("Add JSON Files");
@@ -42,8 +42,8 @@ TEST_F(Stories, TheFourModesGiveTheRowsOfTheReadme) {
     for (const char* caption : {"Extract value and tag", "Extract value without tag",
                                 "Extract entire line containing tag", "Extract all"}) {
         Texts told;
-        const std::size_t row = readme.find(std::string("\n| ") + caption + " |") + 1;
-        std::istringstream cells(readme.substr(row, readme.find('\n', row) - row));
+        const std::size_t row = manual.find(std::string("\n| ") + caption + " |") + 1;
+        std::istringstream cells(manual.substr(row, manual.find('\n', row) - row));
         for (std::string text; std::getline(std::getline(cells, text, '`'), text, '`');)
             told.push_back(text);
         EXPECT_EQ(told.size(), 2U) << caption;
