@@ -56,21 +56,28 @@ void ExportProgress::setFinal(int value, std::u16string_view caption) {
     indicator_->setCaption(caption);
 }
 
-std::u16string exportSummary(const ExportOutcome& outcome, std::u16string_view done) {
+std::u16string exportSummary(const ExportOutcome& outcome, std::u16string_view done,
+                             std::u16string_view path) {
     const auto& [tableRows, takenRows, untickedRows, replacedCharacters] = outcome;
+    const auto withPath = [path](std::u16string text, std::u16string_view file) {
+        return path.empty() ? text : text.append(file).append(path);
+    };
     if (untickedRows == tableRows)
-        return std::u16string(u"No rows ")
-            .append(done)
-            .append(tableRows == 0 ? u" because there are none" : u" because none is ticked");
+        return withPath(std::u16string(u"No rows ")
+                            .append(done)
+                            .append(tableRows == 0 ? u" because there are none" : u" because none is ticked"),
+                        u"; file without rows: ");
     std::u16string rows = countText(takenRows, u"row", u"rows");
     if (takenRows + untickedRows < tableRows)
         rows = groupedText(takenRows) + u" of " + countText(tableRows, u"row", u"rows");
-    return joinedClauses({
-        rows.append(u" ").append(done),
-        unlessNone(untickedRows, u"row left out because it is not ticked",
-                   u"rows left out because they are not ticked"),
-        unlessNone(replacedCharacters, u"character written as \"?\"", u"characters written as \"?\""),
-    });
+    return withPath(
+        joinedClauses({
+            rows.append(u" ").append(done),
+            unlessNone(untickedRows, u"row left out because it is not ticked",
+                       u"rows left out because they are not ticked"),
+            unlessNone(replacedCharacters, u"character written as \"?\"", u"characters written as \"?\""),
+        }),
+        u"; file: ");
 }
 
 } // namespace brindlewick

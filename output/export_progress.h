@@ -61,7 +61,8 @@ struct ExportOutcome {
 };
 
 /// The text for the status bar: "28 rows written; 3 rows left out because they are not ticked". `done` is
-/// "written" or "copied".
-[[nodiscard]] std::u16string exportSummary(const ExportOutcome& outcome, std::u16string_view done);
+/// "written" or "copied". The path of a written file comes last: "28 rows written; file: PATH".
+[[nodiscard]] std::u16string exportSummary(const ExportOutcome& outcome, std::u16string_view done,
+                                           std::u16string_view path = {});
 
 } // namespace brindlewick

@@ -97,7 +97,7 @@ void exportRows(UserInterface& user, const ListviewTable& table, std::u16string_
     busy.end([&]() -> std::u16string {
         if (hasFailed)
             return user.isStopRequested() ? u"not all rows were written" : u"Not all rows were written";
-        return exportSummary(outcome, u"written");
+        return exportSummary(outcome, u"written", path);
     });
 }
 

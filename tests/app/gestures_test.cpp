@@ -263,7 +263,7 @@ TEST_F(Gestures, TheStatusBarIsRightWhenADialogOpensAndForgetsWhatIsOver) {
     EXPECT_EQ(status(), counts);
     person.answers = {path("new.txt")};
     click("Save Results As Text File");
-    EXPECT_EQ(status(), "2 rows written");
+    EXPECT_EQ(status(), "2 rows written; file: " + utf8(folder.text("new.txt")));
     press(Qt::Key_Home, {}, results());
     press(Qt::Key_Space);
     EXPECT_EQ(status(), "3 files; 1 tag; 2 rows, 1 ticked");

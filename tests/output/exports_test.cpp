@@ -53,7 +53,7 @@ save: Save [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/out.txt
 question: Are you sure you wish to overwrite ~/out.txt ? -> Yes
 pointer: hourglass
 pointer: standard
-summary: 1 row written; 1 row left out because it is not ticked
+summary: 1 row written; 1 row left out because it is not ticked; file: ~/out.txt
 save: Save [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/missing/out.txt
 pointer: hourglass
 report: Path not found in Extract1.SaveListviewProperlySpaced
@@ -72,7 +72,7 @@ question: Are you sure you wish to overwrite ~/out.txt ? -> Yes
 pointer: hourglass
 question: Are you sure you wish to overwrite ~/out.txt ? -> Yes
 pointer: standard
-summary: 2 rows written
+summary: 2 rows written; file: ~/out.txt
 )");
 }
 
@@ -204,8 +204,9 @@ TEST_F(Exports, SayHowManyCharactersTheCharacterSetLacks) {
     EXPECT_EQ(folder.read("out.txt"),
               "Filename,Results,\r\na.json,?\x80??\r\na.json,???\r\na.json,?\r\na.json,more than a block " +
                   std::string(21, '?') + "\r\n");
-    EXPECT_EQ(user.takeTranscript(), "pointer: hourglass\npointer: standard\n"
-                                     "summary: 4 rows written; 25 characters written as \"?\"\n");
+    EXPECT_EQ(user.takeTranscript(),
+              "pointer: hourglass\npointer: standard\n"
+              "summary: 4 rows written; 25 characters written as \"?\"; file: ~/out.txt\n");
 }
 
 TEST_F(Exports, EndWhereTheyAreStopped) {
@@ -224,7 +225,7 @@ TEST_F(Exports, EndWhereTheyAreStopped) {
     stopAt(5);
     SaveListviewProperlySpaced(user, view, out, nullptr);
     EXPECT_EQ(folder.read("out.txt"), "Filename\tResults  \t\r\na.json  \tx        \t\r\n");
-    EXPECT_EQ(user.takeTranscript(), end + "1 of 2 rows written\n");
+    EXPECT_EQ(user.takeTranscript(), end + "1 of 2 rows written; file: ~/out.txt\n");
     for (std::size_t yield = 1; yield <= 6; ++yield) { // of one measured column and two more passes
         stopAt(yield);
         handlers.PushButton11_Click();

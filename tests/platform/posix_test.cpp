@@ -92,7 +92,7 @@ TEST(Pipes, TakeAnExportAsFastAsTheyAreRead) {
         count += static_cast<std::size_t>(std::max<ssize_t>(0, ::read(reader, bytes.data(), bytes.size())));
     };
     user.whenYielding = read;
-    EXPECT_EQ(outcome(), start + "pointer: standard\nsummary: 2 rows written\n");
+    EXPECT_EQ(outcome(), start + "pointer: standard\nsummary: 2 rows written; file: " + path + "\n");
     read();
     EXPECT_EQ(count, 3U * 300'003); // with the header
 
