@@ -56,8 +56,9 @@ std::u16string scanSummary(std::uint64_t added, const LeftOut& leftOut) {
 
 std::u16string filesAddedText(const TextList& files, std::size_t before) {
     const Added added = addedFrom(files, before);
-    return joinedClauses({addedText(added.rows, u"file", u"files"),
-                          unlessNone(added.empty, u"name is empty", u"names are empty")});
+    return joinedClauses(
+        {addedText(added.rows, u"file", u"files"),
+         unlessNone(added.empty, u"line is empty and names no file", u"lines are empty and name no file")});
 }
 
 std::u16string tagsAddedText(const TextList& tags, std::size_t before) {

@@ -27,7 +27,7 @@ struct LeftOut {
 [[nodiscard]] std::u16string readingProgress(std::uint64_t lines, std::u16string_view path);
 /// "12 files added; 2 folders left out because of their names".
 [[nodiscard]] std::u16string scanSummary(std::uint64_t added, const LeftOut& leftOut);
-/// "12 files added; 1 name is empty", for the rows from `before` on.
+/// "12 files added; 1 line is empty and names no file", for the rows from `before` on.
 [[nodiscard]] std::u16string filesAddedText(const TextList& files, std::size_t before);
 /// "3 tags added; 1 tag is empty and matches everything", for the rows from `before` on.
 [[nodiscard]] std::u16string tagsAddedText(const TextList& tags, std::size_t before);

@@ -119,7 +119,7 @@ report: Permission denied in Form1.PushButton16_Click
 message: File not found
 progress: Reading, 2 lines so far: ~/1.txt, 100 %
 pointer: standard
-summary: 2 files added; 1 name is empty
+summary: 2 files added; 1 line is empty and names no file
 open: Load List(s) - Hold Ctrl to select multiple list files [Text Files (*.txt)|*.txt|All Files (*.*)|*.*|] -> ~/)" +
                                   longName + "\npointer: hourglass\nprogress: Reading, 1 line so far: ~/" +
                                   longName + R"(, 100 %
