@@ -105,8 +105,8 @@ QStringList runOpenDialog(QWidget& parent, const FileDialog& dialog, QString& fo
     files.setFileMode(QFileDialog::ExistingFiles);
     if (!run(files, dialog, folder))
         return {};
-    folder = files.directory().absolutePath();
     QStringList paths = files.selectedFiles();
+    folder = QFileInfo(paths.value(0)).absolutePath(); // a typed path may be of a folder that is not shown
     std::transform(paths.begin(), paths.end(), paths.begin(), &QDir::toNativeSeparators);
     return paths;
 }
@@ -119,7 +119,7 @@ QString runSaveDialog(QWidget& parent, const FileDialog& dialog, QString& folder
     files.setOption(QFileDialog::DontConfirmOverwrite);
     if (!run(files, dialog, folder) || files.selectedFiles().isEmpty())
         return {};
-    folder = files.directory().absolutePath();
+    folder = QFileInfo(files.selectedFiles().front()).absolutePath();
     return QDir::toNativeSeparators(files.selectedFiles().front());
 }
 
