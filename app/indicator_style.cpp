@@ -21,7 +21,7 @@ void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
                                    const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const QPalette& palette = option->palette;
-    if (element == PE_FrameMenu) {
+    if (element == PE_PanelMenu) {
         painter->setPen(
             mixedColour(palette.color(QPalette::Text), palette.color(QPalette::Base), menuTextShare));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));

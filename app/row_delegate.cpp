@@ -1,5 +1,6 @@
 #include "app/row_delegate.h"
 
+#include "app/mixed_colour.h"
 #include "app/qt_text.h"
 #include "platform/letter_case.h"
 #include "platform/native_path.h"
@@ -18,7 +19,7 @@ namespace brindlewick {
 
 namespace {
 
-constexpr float markOpacity = 0.35F;
+constexpr float markShare = 0.4F;
 
 /// The text with invisible places to break lines in words that no tool tip has room for.
 QString breakable(const QString& text) {
@@ -55,7 +56,8 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         paintMarks(*painter, cell);
 }
 
-void RowDelegate::paintMarks(QPainter& painter, const QStyleOptionViewItem& cell) const {
+/// Paints the cell again, with another background, where it shows the marked text.
+void RowDelegate::paintMarks(QPainter& painter, QStyleOptionViewItem cell) const {
     const std::u16string folded = foldedCase(fromQString(cell.text));
     std::size_t at = folded.find(marked_);
     if (at == std::u16string::npos)
@@ -64,20 +66,32 @@ void RowDelegate::paintMarks(QPainter& painter, const QStyleOptionViewItem& cell
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
-    const QRectF room = textRect(cell);
+    const QRect room = textRect(cell);
     const bool isShortened = line.naturalTextWidth() > room.width();
     const qreal end = isShortened ? room.width() : line.naturalTextWidth();
     const qreal lastStart = isShortened ? end - cell.fontMetrics.horizontalAdvance(QChar(u'\u2026')) : end;
-    const bool isSelected = cell.state & QStyle::State_Selected;
-    QColor colour = cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Highlight);
-    colour.setAlphaF(markOpacity);
+    QRegion marks;
     for (; at != std::u16string::npos; at = folded.find(marked_, at + marked_.size())) {
         const qreal left = std::min(line.cursorToX(static_cast<int>(at)), lastStart);
         const qreal right = std::min(line.cursorToX(static_cast<int>(at + marked_.size())), end);
-        painter.fillRect(QRectF(room.left() + left, room.top() + 1, right - left, room.height() - 2), colour);
+        marks += QRectF(room.left() + left, room.top() + 1, right - left, room.height() - 2).toAlignedRect();
         if (left == lastStart)
             break;
     }
+    painter.save();
+    painter.setClipRegion(marks, Qt::IntersectClip);
+    const QColor highlight = cell.palette.color(QPalette::Highlight);
+    if (cell.state & QStyle::State_Selected) {
+        const QColor text = cell.palette.color(QPalette::HighlightedText);
+        const QColor contrary = text.lightness() > 127 ? Qt::black : Qt::white;
+        cell.state &= ~QStyle::State_Selected;
+        cell.palette.setColor(QPalette::Text, text);
+        cell.backgroundBrush = mixedColour(contrary, highlight, markShare);
+    } else {
+        cell.backgroundBrush = mixedColour(highlight, cell.palette.color(QPalette::Base), markShare);
+    }
+    view_.style()->drawControl(QStyle::CE_ItemViewItem, &cell, &painter, &view_);
+    painter.restore();
 }
 
 bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,

@@ -29,7 +29,7 @@ public:
 private:
     [[nodiscard]] QRect textRect(const QStyleOptionViewItem& option) const;
     [[nodiscard]] int roomForText(const QStyleOptionViewItem& option) const;
-    void paintMarks(QPainter& painter, const QStyleOptionViewItem& cell) const;
+    void paintMarks(QPainter& painter, QStyleOptionViewItem cell) const;
 
     QAbstractItemView& view_;
     std::u16string marked_; ///< with its case folded
