@@ -3,14 +3,18 @@
 #include "app/file_drop.h"
 #include "app/qt_text.h"
 #include "platform/error_report.h"
+#include "platform/files.h"
 #include "platform/native_path.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QStringTokenizer>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -45,17 +49,36 @@ void scrollTo(RowsView& list, std::size_t row) {
     QMetaObject::invokeMethod(&list, scroll, Qt::QueuedConnection);
 }
 
-void addItem(QMenu& menu, const char* caption, bool isEnabled, std::function<void()> action) {
-    QAction* const item = menu.addAction(QString::fromLatin1(caption));
-    item->setEnabled(isEnabled);
-    QObject::connect(item, &QAction::triggered, &menu, std::move(action));
-}
-
 /// Some platforms give no data at all while the clipboard is empty.
 const QMimeData& clipboardData() {
     static const QMimeData nothing;
     const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
     return data != nullptr ? *data : nothing;
+}
+
+/// The files on the clipboard, or the lines of its text that are full paths of something that exists; of
+/// these no more than `maxLines`.
+DroppedFiles pastedFiles(std::size_t maxLines) {
+    const QMimeData& data = clipboardData();
+    DroppedFiles files = filesIn(data);
+    if (!files.empty() || !data.hasText())
+        return files;
+    const QString text = data.text();
+    std::size_t line = 0;
+    for (const QStringView path : QStringTokenizer(text, u'\n')) {
+        if (line++ == maxLines)
+            break;
+        const std::u16string trimmed = fromQString(path.trimmed());
+        if (QDir::isAbsolutePath(toQString(trimmed)) && FileExists(trimmed))
+            files.paths.push_back(trimmed);
+    }
+    return files;
+}
+
+void addItem(QMenu& menu, const char* caption, bool isEnabled, std::function<void()> action) {
+    QAction* const item = menu.addAction(QString::fromLatin1(caption));
+    item->setEnabled(isEnabled);
+    QObject::connect(item, &QAction::triggered, &menu, std::move(action));
 }
 
 } // namespace
@@ -173,7 +196,9 @@ void ListGestures::fillFileMenu(QMenu& menu) {
     menu.addSeparator();
     addItem(menu, "Copy Path\tCtrl+C", hasPath,
             [this] { copySelected(*s_.controls.ListView1, s_.inputFiles); });
-    addItem(menu, "Paste Files\tCtrl+V", clipboardData().hasUrls(), [this] { pasteFiles(); });
+    constexpr std::size_t maxLooks = 20; // each asks the file system
+    addItem(menu, "Paste Files\tCtrl+V", !pastedFiles(maxLooks).empty(), [this] { pasteFiles(); });
+    addUndo(menu);
 }
 
 void ListGestures::fillTagMenu(QMenu& menu) {
@@ -185,6 +210,7 @@ void ListGestures::fillTagMenu(QMenu& menu) {
     addItem(menu, "Copy\tCtrl+C", hasTag, [this] { copySelected(*s_.controls.ListView3, s_.tags); });
     addItem(menu, "Paste Lines as Tags\tCtrl+V", isFree && clipboardData().hasText(),
             [this] { pasteTags(); });
+    addUndo(menu);
 }
 
 void ListGestures::fillResultsMenu(QMenu& menu) {
@@ -194,11 +220,18 @@ void ListGestures::fillResultsMenu(QMenu& menu) {
     addItem(menu, "Show Whole Text\tReturn", hasSelection,
             [this] { s_.controls.ListView2->showWholeText(); });
     addItem(menu, "Copy\tCtrl+C", hasSelection, s_.copySelectedRows);
+    addItem(menu, "Find\tCtrl+F", hasRows, s_.find);
     menu.addSeparator();
     addItem(menu, "Tick All", hasRows, [tickAll] { tickAll(true); });
     addItem(menu, "Untick All", hasRows, [tickAll] { tickAll(false); });
     addItem(menu, "Invert Ticks", hasRows, [this] { s_.results.invertChecked(); });
     addItem(menu, "Tick Only the Selected", hasSelection, [this] { tickOnlySelected(); });
+    addUndo(menu);
+}
+
+void ListGestures::addUndo(QMenu& menu) {
+    menu.addSeparator();
+    addItem(menu, "Undo\tCtrl+Z", !s_.user.isBusy() && s_.gestures.canUndo(), [this] { s_.gestures.undo(); });
 }
 
 void ListGestures::addFiles(const DroppedFiles& files) {
@@ -210,11 +243,16 @@ void ListGestures::addFiles(const DroppedFiles& files) {
 }
 
 void ListGestures::removeFile() {
-    s_.gestures.start([this] { s_.inputHandlers.ListView1_DblClick(s_.controls.ListView1->selectedRow()); });
+    s_.gestures.start([this] {
+        const std::size_t before = s_.inputFiles.size();
+        s_.inputHandlers.ListView1_DblClick(s_.controls.ListView1->selectedRow());
+        if (s_.inputFiles.size() < before)
+            s_.user.endProgress(u"1 file removed; Ctrl+Z brings it back");
+    });
 }
 
 void ListGestures::pasteFiles() {
-    addFiles(filesIn(clipboardData()));
+    addFiles(pastedFiles(std::numeric_limits<std::size_t>::max()));
 }
 
 void ListGestures::addTag(const std::u16string& typed) {

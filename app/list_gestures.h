@@ -31,6 +31,7 @@ public:
         TagHandlers& tagHandlers;
         ResultsModel& results;
         std::function<void()> copySelectedRows;
+        std::function<void()> find;
     };
     explicit ListGestures(Subjects subjects);
 
@@ -47,6 +48,7 @@ private:
     void fillFileMenu(QMenu& menu);
     void fillTagMenu(QMenu& menu);
     void fillResultsMenu(QMenu& menu);
+    void addUndo(QMenu& menu);
 
     void removeFile();
     void pasteFiles();

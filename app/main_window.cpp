@@ -120,10 +120,10 @@ void Form1::addShortcuts() {
     onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Enter), c.PushButton7);
     onShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), c.PushButton7);
     onShortcut(QKeySequence(Qt::Key_F1), c.PushButton2);
-    nameKey(QKeySequence(Qt::Key_Insert), c.PushButton3); // in the tag list
-    nameKey(QKeySequence(Qt::Key_Delete), c.PushButton8);
+    nameKey(QKeySequence(Qt::Key_Insert), c.PushButton3, " in the tag list");
+    nameKey(QKeySequence(Qt::Key_Delete), c.PushButton8, " in the tag list");
     connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
-            [this] { gestures_.start([this] { undoList_.undoStep(); }); });
+            [this] { gestures_.undo(); });
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this), &QShortcut::activated, this,
             [this] { close(); });
 }
@@ -134,6 +134,7 @@ void Form1::addFinding() {
     const auto onKeys = [this, bar](const QKeySequence& keys, void (FindBar::*action)()) {
         connect(new QShortcut(keys, this), &QShortcut::activated, bar, action);
     };
+    find_ = [bar] { bar->open(); };
     onKeys(QKeySequence::Find, &FindBar::open);
     onKeys(Qt::Key_F3, &FindBar::findNext);
     onKeys(Qt::SHIFT | Qt::Key_F3, &FindBar::findPrevious);
@@ -157,9 +158,10 @@ void Form1::onShortcut(const QKeySequence& keys, QPushButton* button) {
 }
 
 /// Names the keys in the button's tool tip.
-void Form1::nameKey(const QKeySequence& keys, QPushButton* button) {
-    button->setToolTip(
-        QStringLiteral("%1 (%2)").arg(button->text().trimmed(), keys.toString(QKeySequence::NativeText)));
+void Form1::nameKey(const QKeySequence& keys, QPushButton* button, const char* where) {
+    button->setToolTip(QStringLiteral("%1 (%2%3)")
+                           .arg(button->text().trimmed(), keys.toString(QKeySequence::NativeText),
+                                QString::fromLatin1(where)));
 }
 
 void Form1::copySelectedRows() {

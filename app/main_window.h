@@ -58,7 +58,7 @@ private:
     void addShortcuts();
     void onClick(QPushButton* button, std::function<void()> handler);
     void onShortcut(const QKeySequence& keys, QPushButton* button);
-    static void nameKey(const QKeySequence& keys, QPushButton* button);
+    static void nameKey(const QKeySequence& keys, QPushButton* button, const char* where = "");
     void keepTabStop();
     void addFinding();
     void copySelectedRows();
@@ -91,7 +91,8 @@ private:
     OutputHandlers outputHandlers_{user_, results_};
     SampleFiles samples_;
     ListGestures listGestures_{{controls_, user_, gestures_, inputFiles_, tags_, inputHandlers_, tagHandlers_,
-                                resultsModel_, [this] { copySelectedRows(); }}};
+                                resultsModel_, [this] { copySelectedRows(); }, [this] { find_(); }}};
+    std::function<void()> find_; ///< opens the find bar
     std::unique_ptr<HoverPointer> hover_;
 };
 

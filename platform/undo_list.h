@@ -29,6 +29,7 @@ public:
     /// Undoes the last step that can be undone, its changes in reverse order; false if there is none. After a
     /// failure the changes that are not undone yet are still stored.
     bool undoStep();
+    [[nodiscard]] bool empty() const noexcept { return steps_.empty(); }
     /// Discards all steps.
     void clear() noexcept {
         steps_.clear();

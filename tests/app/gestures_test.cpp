@@ -64,6 +64,7 @@ TEST_F(Gestures, DeleteAndDoubleClickTakeTheSelectedRowAndCtrlZGivesItBack) {
     clickRow(files(), 1);
     QTest::mouseDClick(files()->viewport(), Qt::LeftButton, {}, rowCentre(files(), 1));
     EXPECT_THAT(rows(files()), ElementsAre("b"));
+    EXPECT_EQ(status(), "1 file removed; Ctrl+Z brings it back");
     click("Clear the JSON files");
     click("Clear the tags");
     Texts steps; // what each Ctrl+Z gives back, in whichever list
@@ -134,6 +135,10 @@ TEST_F(Gestures, FilesAreDroppedAnywhereOrPastedAndShown) {
     QGuiApplication::clipboard()->setMimeData(items);
     press(Qt::Key_V, Qt::ControlModifier, files());
     expectAdded();
+    QGuiApplication::clipboard()->setText("in\r\n" + path("in") + "\r\n" + path("gone.json"));
+    EXPECT_EQ(choose(files(), "Paste Files"), "Paste Files");
+    EXPECT_EQ(status(), "2 files added"); // what exists
+    EXPECT_EQ(choose(files(), "Undo"), "Undo");
 }
 
 TEST_F(Gestures, SpaceMouseAndMenuTickRowsAndCtrlCCopiesTheSelectedOnes) {
