@@ -97,8 +97,13 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
     ListView2->setToolTip(QString::fromLatin1(listHint));
     ListView3->setToolTip(QString::fromLatin1(listHint));
     ListView1->setStep({1, QStringLiteral("Drop JSON files or folders here, or load the samples.")});
-    ListView3->setStep({2, QStringLiteral("Add the names or words to look for.")});
-    ListView2->setStep({3, QStringLiteral("Choose a mode and press \u201cStart Extracting\u201d.")});
+    ListView3->setStep(
+        {2, QStringLiteral("Add the names or words to look for."),
+         QStringLiteral("A tag is found anywhere in a name or a value; upper and lower case are "
+                        "the same. \u201c@\u201d finds mail addresses.")});
+    setReasonForNoRows({});
+    for (std::size_t place = 0; place < Options.size(); ++place)
+        Options[place]->setToolTip(toQString(extractionModes[place].example));
     // A drawn character: finding the style's icon in the desktop's themes would double the start-up time.
     PushButton15->setSign(QStringLiteral("?"));
     PushButton7->makePrimary();
@@ -107,6 +112,14 @@ Controls::Controls(TextList& inputFiles, ResultsModel& results)
     for (CaptionButton* clearing : {PushButton9, PushButton10, PushButton14})
         clearing->setPicture(CaptionPicture::bin);
     nameForAssistiveTools();
+}
+
+void Controls::setReasonForNoRows(const QString& reason) const {
+    ListView2->setStep(reason.isEmpty()
+                           ? Step{3, QStringLiteral("Choose a mode and press \u201cStart Extracting\u201d."),
+                                  QStringLiteral("Then Ctrl+F finds text in the results.")}
+                           : Step{0, reason});
+    ListView2->viewport()->update();
 }
 
 PerMode<std::u16string> Controls::optionCaptions() const {

@@ -50,6 +50,9 @@ struct Controls {
     [[nodiscard]] QRadioButton& option(ExtractionMode mode) const { return *Options[placeOf(mode).value()]; }
     [[nodiscard]] PerMode<std::u16string> optionCaptions() const;
 
+    /// What the empty results show: why the run has found no rows, or without a reason the step to take.
+    void setReasonForNoRows(const QString& reason) const;
+
     /// Puts all controls into `window`: files and tags at the top, each list with
     /// its buttons on its right and its options below, then "Start Extracting", the results and their
     /// buttons. Dividers change the sizes of these areas. Sets the tab order.

@@ -26,14 +26,18 @@ void paintStep(QPainter& painter, const QRect& room, const Step& step, const QPa
     faint.setAlphaF(faintness);
     painter.setPen(faint);
     const int line = painter.fontMetrics().height();
-    const int circle = line * 7 / 4;
+    const int circle = step.number > 0 ? line * 7 / 4 : 0;
     QRect area = room.adjusted(line / 2, line / 4, -line / 2, -line / 4);
     const int width = std::min(area.width(), painter.fontMetrics().averageCharWidth() * longestLine);
     area = QRect(area.center().x() - width / 2, area.top(), width, area.height());
 
     QString text = step.text;
     int textHeight = wrapped(painter, area, text).height();
-    const int height = circle + line / 2 + textHeight;
+    const int detailHeight =
+        step.detail.isEmpty() ? 0 : line / 2 + wrapped(painter, area, step.detail).height();
+    const bool hasDetail = detailHeight > 0 && circle + line / 2 + textHeight + detailHeight <= area.height();
+    const int height = circle + line / 2 + textHeight + (hasDetail ? detailHeight : 0);
+    const QRect whole = area;
     if (height <= area.height()) {
         // No narrower than needed for lines of about one length: a last line of one word looks lost.
         const auto narrower = [&] { return area.adjusted(line / 4, 0, -line / 4, 0); };
@@ -44,10 +48,16 @@ void paintStep(QPainter& painter, const QRect& room, const Step& step, const QPa
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(faint, std::max(1.0, line / 14.0)));
         const QRectF ring(area.center().x() - circle / 2.0, area.top(), circle, circle);
-        painter.drawEllipse(ring);
-        painter.drawText(ring, Qt::AlignCenter, QString::number(step.number));
+        if (step.number > 0) {
+            painter.drawEllipse(ring);
+            painter.drawText(ring, Qt::AlignCenter, QString::number(step.number));
+        }
         area.setTop(area.top() + circle + line / 2);
-    } else {
+        if (hasDetail)
+            painter.drawText(
+                QRect(whole.left(), area.top() + textHeight + line / 2, whole.width(), detailHeight),
+                static_cast<int>(Qt::AlignHCenter | Qt::AlignTop) | Qt::TextWordWrap, step.detail);
+    } else if (step.number > 0) {
         text = QString::number(step.number) + QStringLiteral(". ") + text;
         textHeight = wrapped(painter, area, text).height();
         if (textHeight < area.height())

@@ -67,7 +67,7 @@ void Form1::connectButtons() {
     onClick(c.PushButton4, [this] { tagHandlers_.PushButton4_Click(); });
     onClick(c.PushButton8, [this] { tagHandlers_.PushButton8_Click(controls_.ListView3->selectedRow()); });
     onClick(c.PushButton10, [this] { tagHandlers_.PushButton10_Click(); });
-    onClick(c.PushButton7, [this] { run_.PushButton7_Click(); });
+    onClick(c.PushButton7, [this] { startExtracting(); });
     onClick(c.PushButton6, [this] { outputHandlers_.PushButton6_Click(); });
     onClick(c.PushButton12, [this] { outputHandlers_.PushButton12_Click(); });
     onClick(c.PushButton11, [this] { outputHandlers_.PushButton11_Click(); });
@@ -76,6 +76,14 @@ void Form1::connectButtons() {
     connect(c.PushButton15, &QPushButton::clicked, this,
             [this] { optionHandlers_.PushButton15_Click(controls_.optionCaptions()); });
     connect(c.PushButton2, &QPushButton::clicked, this, [this] { optionHandlers_.PushButton2_Click(); });
+}
+
+/// The empty results go on showing why they are empty when the status bar shows something else.
+void Form1::startExtracting() {
+    controls_.setReasonForNoRows({});
+    run_.PushButton7_Click();
+    if (results_.rowCount() == 0 && inputFiles_.size() > 0)
+        controls_.setReasonForNoRows(user_.narrator().text());
 }
 
 void Form1::connectOptions() {

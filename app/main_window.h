@@ -59,6 +59,7 @@ private:
     void onClick(QPushButton* button, std::function<void()> handler);
     void onShortcut(const QKeySequence& keys, QPushButton* button);
     static void nameKey(const QKeySequence& keys, QPushButton* button, const char* where = "");
+    void startExtracting();
     void keepTabStop();
     void addFinding();
     void copySelectedRows();

@@ -156,6 +156,10 @@ void Narrator::showCounts() {
         setText(counts_ ? counts_() : std::u16string());
 }
 
+QString Narrator::text() const {
+    return label_->text();
+}
+
 void Narrator::update() {
     if (sinceUpdate_.elapsed() >= updateInterval)
         updateNow();

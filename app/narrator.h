@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QString>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -36,6 +37,8 @@ public:
     /// Replaces a summary by the counts, because its subject has changed or another operation begins.
     /// Progress stays.
     void showCounts();
+    /// What is shown now.
+    [[nodiscard]] QString text() const;
 
     /// Brings the widgets up to date if the last time is at least 50 ms ago.
     void update();

@@ -21,25 +21,30 @@ enum class ExtractionMode : std::int32_t {
     all = 4,
 };
 
-/// A mode, the option button that selects it, and what the "?" message says about it.
+/// A mode, the option button that selects it, what the "?" message says about it, and the rows that it gives.
 struct ModeEntry {
     ExtractionMode mode;
     std::u16string_view control; ///< the option button's name
     std::u16string_view caption; ///< the option button's caption
     std::u16string_view explanation;
+    std::u16string_view example;
 };
 
 /// Every mode but `none`, in ascending order of their numbers. To add one, add its number above, its entry
 /// here, its handler in option_handlers, and its rows in file_extraction.
 inline constexpr auto extractionModes = std::to_array<ModeEntry>({
     {ExtractionMode::valueAndTag, u"Option1", u"Extract value and tag",
-     u"will extract all characters including tag name"},
+     u"will extract all characters including tag name",
+     u"In {\"name\":\"Bo\",\"age\":7}, the tag name gives the row\nname :Bo"},
     {ExtractionMode::valueWithoutTag, u"Option2", u"Extract value without tag",
-     u"will extract only value characters without tag name"},
+     u"will extract only value characters without tag name",
+     u"In {\"name\":\"Bo\",\"age\":7}, the tag name gives the row\nBo"},
     {ExtractionMode::entireLine, u"Option3", u"Extract entire line containing tag",
-     u"will extract only strings containing tag name"},
+     u"will extract only strings containing tag name",
+     u"In {\"name\":\"Bo\",\"age\":7}, the tag name gives the row\n{\"name\":\"Bo\"}"},
     {ExtractionMode::all, u"Option4", u"Extract all",
-     u"will extract all characters including tags names without filters"},
+     u"will extract all characters including tags names without filters",
+     u"In {\"name\":\"Bo\",\"age\":7}, any tag gives a row of names and one of values\nname age\nBo 7"},
 });
 
 /// A value for each entry of `extractionModes`, in that order.

@@ -54,6 +54,20 @@ TEST_F(Stories, TheFourModesGiveTheRowsOfTheManual) {
     EXPECT_THAT(person.shown(), ElementsAre(done, done, done, done));
 }
 
+TEST_F(Stories, ToolTipsOfTheModesShowTrueRows) {
+    open();
+    fill({folder.write("bo.json", "{\"name\":\"Bo\",\"age\":7}")}, {u"name"});
+    for (QRadioButton* option : window->controls().Options) {
+        click(option->text().toStdString());
+        click("Start Extracting");
+        for (std::string told; const std::string& row : rows(results()))
+            EXPECT_THAT(
+                option->toolTip().toStdString(),
+                ::testing::HasSubstr(told += '\n' + QString::fromStdString(row).trimmed().toStdString()));
+        EXPECT_THAT(person.shown(), ElementsAre(done));
+    }
+}
+
 TEST_F(Stories, ResultsAreSavedAndCopiedToTheCharacter) {
     const std::u16string file = folder.write("zoo.json", "{\"name\":\"Bo\"}\n{\"name\":\"Pebble\"}\n");
     const std::string name = utf8(file);
