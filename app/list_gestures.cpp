@@ -75,10 +75,11 @@ DroppedFiles pastedFiles(std::size_t maxLines) {
     return files;
 }
 
+/// The action starts when the menu has closed: it may dispatch events, which delete the menu.
 void addItem(QMenu& menu, const char* caption, bool isEnabled, std::function<void()> action) {
     QAction* const item = menu.addAction(QString::fromLatin1(caption));
     item->setEnabled(isEnabled);
-    QObject::connect(item, &QAction::triggered, &menu, std::move(action));
+    QObject::connect(item, &QAction::triggered, menu.parent(), std::move(action), Qt::QueuedConnection);
 }
 
 } // namespace

@@ -11,7 +11,6 @@
 #include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -164,15 +163,16 @@ QPoint WindowStory::rowCentre(const RowsView* list, int row) {
 std::string WindowStory::choose(RowsView* list, const char* item) {
     QContextMenuEvent open(QContextMenuEvent::Keyboard, {}, {}, {});
     QApplication::sendEvent(list, &open);
-    const QPointer<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
-    std::string chosen;
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     for (QAction* action : menu != nullptr ? menu->actions() : QList<QAction*>())
         if (action->text().section('\t', 0, 0) == item && action->isEnabled()) {
-            chosen = item, action->trigger();
-            break; // a dialog that opens closes the menu, and some versions of Qt delete it then
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, Qt::Key_Return); // closes the menu, which deletes itself
+            QCoreApplication::processEvents();     // in which the item does its work
+            return item;
         }
     delete menu;
-    return chosen;
+    return {};
 }
 
 bool WindowStory::inTheMiddleOf(const char* button, const std::function<void()>& meanwhile) {
