@@ -62,16 +62,23 @@ public:
     bool read(std::size_t& at) {
         if (at > static_cast<std::size_t>(end_ - begin_))
             return false;
-        at_ = begin_ + at;
+        moveTo(at);
+        const bool isFragment = readNext();
+        at = place();
+        return isFragment;
+    }
+    /// The same in three steps, for fragments in succession: `at` is at most the text's length.
+    void moveTo(std::size_t at) noexcept { at_ = begin_ + at; }
+    bool readNext() {
         skipIgnorable();
         const bool isFragment = end_ - at_ > 1;
         if (isFragment && *at_ == u'[')
             readArray();
         else if (isFragment)
             readObject();
-        at = static_cast<std::size_t>(at_ - begin_);
         return isFragment;
     }
+    std::size_t place() const noexcept { return static_cast<std::size_t>(at_ - begin_); }
 
 private:
     using Leaves = LeafReader<Sink>;

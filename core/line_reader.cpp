@@ -33,24 +33,31 @@ FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at,
         isWhole ? std::u16string_view::npos : text.size() - std::min(text.size(), maxLookAhead - 1);
     const std::size_t lookUpAt = std::min(stopAt, cutAt);
     std::size_t start = at;
+    std::size_t lineStart = lines.length();
     FragmentReading reading = FragmentReading::line;
     try {
         lines_.start(text);
-        do {
-            start = at;
-            lineStart_ = lines.length();
-            if (!lines_.read(at))
+        lines_.moveTo(std::min(at, text.size()));
+        for (;;) {
+            const bool isFragment = lines_.readNext();
+            at = lines_.place();
+            const std::size_t lineEnd = lines.length();
+            if (!isFragment)
                 reading = FragmentReading::end;
-            else if (lines.length() - lineStart_ > maxLineLength_)
+            else if (lineEnd - lineStart > maxLineLength_)
                 reading = FragmentReading::tooLong;
             if (at >= cutAt)
                 reading = FragmentReading::needsText;
             if (reading != FragmentReading::line)
                 break;
-            ends_.push_back(static_cast<std::uint32_t>(lines.length()));
+            ends_.push_back(static_cast<std::uint32_t>(lineEnd));
             if (keepsStarts_)
                 starts_.push_back(textStart_ + start);
-        } while (lines.length() < batchLength && at < lookUpAt);
+            if (lineEnd >= batchLength || at >= lookUpAt)
+                break;
+            start = at;
+            lineStart = lineEnd;
+        }
     } catch (const Failure&) {
         // The line does not fit: read again without writing, to find the fragment's end.
         at = start;
@@ -60,7 +67,8 @@ FragmentReading LineReader::readBatch(std::u16string_view text, std::size_t& at,
     }
     lastStart_ = textStart_ + start;
     if (reading != FragmentReading::line)
-        lines.cutTo(lineStart_);
+        lines.cutTo(lineStart);
+    lineStart_ = lineStart;
     if (reading == FragmentReading::needsText)
         at = start;
     return reading;

@@ -75,6 +75,10 @@ void TagSearch::appendCandidates(const LineBatch& batch, std::vector<std::uint32
 template <std::size_t formCount>
 void TagSearch::search(const LineBatch& batch, std::vector<std::uint32_t>& lines) const {
     const std::u16string_view text = batch.text;
+    // Copies, so that the compiler keeps the repeated bytes in registers.
+    const Forms first = first_;
+    const Forms second = second_;
+    const std::size_t secondAt = secondAt_;
     std::size_t line = 0;
     std::size_t at = 0;
     // True if the tag may be at `place`, within one line. Appends the line and moves past it.
@@ -89,9 +93,9 @@ void TagSearch::search(const LineBatch& batch, std::vector<std::uint32_t>& lines
         at = batch.ends[line];
         return true;
     };
-    while (at + secondAt_ + blockLength <= text.size()) {
-        unsigned places = (anyOf<formCount>(UnitBlock(&text[at]), first_) &
-                           anyOf<formCount>(UnitBlock(&text[at + secondAt_]), second_))
+    while (at + secondAt + blockLength <= text.size()) {
+        unsigned places = (anyOf<formCount>(UnitBlock(&text[at]), first) &
+                           anyOf<formCount>(UnitBlock(&text[at + secondAt]), second))
                               .bits();
         bool isNoted = false;
         for (; places != 0 && !isNoted; places &= places - 1)
