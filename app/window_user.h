@@ -55,7 +55,7 @@ public:
                                                  std::u16string_view startFolder) override;
     void setPointer(PointerShape shape) override;
     /// Handles events if the last handling is at least 8 ms and eight times its own duration ago, but waits
-    /// no longer than 50 ms. Otherwise it only reads the clock.
+    /// no longer than 30 ms. Otherwise it only reads the clock.
     void yield() override;
     void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) override;
     void endProgress(std::u16string_view summary) override;

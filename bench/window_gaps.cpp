@@ -71,6 +71,7 @@ private:
         beat();
         while (Clock::now() < end)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+        beat(); // the last event may have taken long
     }
     /// How long the window's thread has waited for a free processor.
     static Milliseconds delay() {
