@@ -13,12 +13,12 @@ namespace brindlewick {
 struct Step {
     int number = 0;
     QString text = {};   ///< what to do
-    QString detail = {}; ///< what is good to know then
+    QString detail = {}; ///< more about the step; may be empty
 };
 
 /// Paints the step into the middle of `room` with the painter's font: the number in a circle, and the text
-/// below it, then the detail. Without room for all, the detail is left out, then the number comes first on
-/// the text's line. What does not fit is cut at the end.
+/// below it, then the detail. Without room for all, the detail is left out; if that is not enough, the number
+/// comes first on the text's line. What does not fit is cut at the end.
 void paintStep(QPainter& painter, const QRect& room, const Step& step, const QPalette& palette);
 
 /// Paints the frame of an empty list that has the focus.

@@ -56,8 +56,8 @@ const QMimeData& clipboardData() {
     return data != nullptr ? *data : nothing;
 }
 
-/// The files on the clipboard, or the lines of its text that are full paths of something that exists; of
-/// these no more than `maxLines`.
+/// The files on the clipboard, or else the full paths of existing files and folders among the first
+/// `maxLines` lines of its text.
 DroppedFiles pastedFiles(std::size_t maxLines) {
     const QMimeData& data = clipboardData();
     DroppedFiles files = filesIn(data);

@@ -78,7 +78,7 @@ void Form1::connectButtons() {
     connect(c.PushButton2, &QPushButton::clicked, this, [this] { optionHandlers_.PushButton2_Click(); });
 }
 
-/// The empty results go on showing why they are empty when the status bar shows something else.
+/// The empty results still show why they are empty after the status bar has changed.
 void Form1::startExtracting() {
     controls_.setReasonForNoRows({});
     run_.PushButton7_Click();

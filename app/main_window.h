@@ -39,7 +39,7 @@ public:
     /// Saves the tags and ends the process.
     void Form_QueryUnload();
     /// Saves the tags while the program goes on. Does not report a failure, since the desktop may be waiting;
-    /// closing does.
+    /// a failure when the window closes is reported.
     void saveTags() noexcept;
 
     [[nodiscard]] Controls& controls() noexcept { return controls_; }

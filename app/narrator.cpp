@@ -24,8 +24,8 @@ namespace {
 constexpr qint64 updateInterval = 50; // ms
 constexpr int progressSteps = 1000;
 
-/// Shortens a text that does not fit, a path after a colon so that the file name shows. Then a tool tip shows
-/// the whole.
+/// Shortens a text that does not fit, and shows all of it in a tool tip. A path after a colon is shortened so
+/// that the file name is shown.
 class ElidedLabel : public QLabel {
 public:
     using QLabel::QLabel;

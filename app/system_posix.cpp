@@ -71,7 +71,7 @@ void onEndRequest(QObject& owner, std::function<void()> handler) {
     });
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})
         watchSignal(signal);
-    std::signal(SIGPIPE, SIG_IGN); // a pipe whose reader has ended is a failure, no request
+    std::signal(SIGPIPE, SIG_IGN); // writing to a pipe without a reader is a failure, not a request to end
 }
 
 bool runsUnderDebugger() {

@@ -23,7 +23,7 @@ namespace brindlewick {
 namespace {
 
 constexpr qint64 minPause = 8'000'000;  // ns; half a frame at 60 Hz
-constexpr qint64 maxPause = 30'000'000; // ns; three times that is noticed
+constexpr qint64 maxPause = 30'000'000; // ns; a pause of three times that is noticed
 constexpr int maxDispatch = 5;          // ms
 constexpr int maxPlainReports = 3;      // of one operation; the next ones have a check box
 constexpr std::size_t unitsBetweenYields = std::size_t{1} << 20; // while a text is copied

@@ -1,6 +1,7 @@
 # What makes an error in an optimised program harder to exploit: the flags that Debian builds its own packages with, and
-# their counterparts on Windows. Position-independent code is the compiler's default there. A build without optimisation
-# is left alone, since the checked library functions need optimisation, and so is one with sanitizers, which check more.
+# their counterparts on Windows. Position-independent code is the default of Debian's compilers. Builds without
+# optimisation do not get the flags, since the checked library functions need it, and neither do builds with sanitizers,
+# which check more.
 if(BRINDLEWICK_SANITIZE)
   return()
 endif()
@@ -10,7 +11,7 @@ include(CheckCXXSourceCompiles)
 set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 set(wanted_flags -fstack-protector-strong)
 if(WIN32)
-  # A stack grows there by one page after the other without being asked to.
+  # The compiler for Windows always touches a stack's pages one after the other.
   target_link_options(brindlewick_options INTERFACE
     $<${optimised}:-fstack-protector-strong;-Wl,--dynamicbase,--high-entropy-va,--nxcompat>)
 else()
@@ -25,7 +26,7 @@ else()
     target_compile_definitions(brindlewick_options INTERFACE $<${optimised}:_FORTIFY_SOURCE=2>)
   endif()
 endif()
-# Not every processor has each.
+# No processor supports all of them.
 foreach(flag IN LISTS wanted_flags)
   string(MAKE_C_IDENTIFIER "BRINDLEWICK_HAS${flag}" known)
   check_cxx_compiler_flag(${flag} ${known})

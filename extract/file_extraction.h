@@ -34,8 +34,8 @@ public:
     /// Ends the current file, if there is one.
     void endFile();
 
-    /// Of the files that have ended, those that were read, those without bytes, and, among those read, those
-    /// whose text came in more than one piece.
+    /// How many of the files that have ended were read, how many were empty, and how many were read in more
+    /// than one piece.
     [[nodiscard]] std::size_t filesRead() const noexcept { return filesRead_; }
     [[nodiscard]] std::size_t filesEmpty() const noexcept { return filesEmpty_; }
     [[nodiscard]] std::size_t filesInPieces() const noexcept { return filesInPieces_; }

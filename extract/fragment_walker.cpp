@@ -109,7 +109,7 @@ void FragmentWalker::walkOtherElement(std::u16string_view element) {
         addParts(element);
 }
 
-/// Every "{" opens a level, and each is named by the whole element.
+/// Every "{" opens a level, and the whole element is the key of each.
 void FragmentWalker::openLevels(std::u16string_view element) {
     const auto levels = static_cast<std::size_t>(std::count(element.begin(), element.end(), u'{'));
     if (levels == 0)
@@ -119,8 +119,8 @@ void FragmentWalker::openLevels(std::u16string_view element) {
     repeatKey(start, levels);
 }
 
-/// The key text from `start` on is a key: it stands there `count` times after this, which is at least once.
-/// Checks the length first, because it may be the square of the element's.
+/// Repeats the key text from `start` on, so that it is there `count` times (at least 1), each with a
+/// separator. Checks the length first, because it may be the square of the element's.
 void FragmentWalker::repeatKey(std::size_t start, std::size_t count) {
     const std::size_t length = keyText_.length() - start;
     if (count > (maxTextLength - start) / (length + 1)) {

@@ -22,7 +22,7 @@ public:
     /// Empties both texts; arraySeen stays.
     void clearTexts() noexcept;
 
-    /// May be emptied by the caller.
+    /// The caller may empty the texts.
     UnitBuffer& keyText() noexcept { return keyText_; }
     UnitBuffer& valueText() noexcept { return valueText_; }
     bool arraySeen() const noexcept { return arraySeen_; }

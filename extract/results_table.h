@@ -66,7 +66,7 @@ public:
     void beginFile(std::u16string_view path);
     /// Stores a text for any number of rows. Fails with outOfMemory when it is longer than `maxTextLength`.
     [[nodiscard]] Text store(std::u16string_view text);
-    /// The same, but may empty `text`: the memory of a long one is stored itself.
+    /// The same, but takes over the memory of a long text: `text` is then empty.
     [[nodiscard]] Text store(UnitBuffer& text);
     /// Appends a row, ticked. With the file name, the first cell is the current file's path and the second
     /// the text; without it, the first cell is the text and a second column stays empty.

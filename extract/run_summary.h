@@ -16,7 +16,7 @@ struct RunOutcome {
     std::size_t filesEnded = 0; ///< fewer when the user has stopped the run
     std::size_t filesRead = 0;  ///< among the ended ones, which are otherwise empty or unreadable
     std::size_t filesEmpty = 0;
-    std::size_t filesInPieces = 0; ///< among those read: their text came in more than one piece
+    std::size_t filesInPieces = 0; ///< among those read; in more than one piece
     std::size_t tags = 0;
     bool hasFoundTag =
         false; ///< a fragment may still give no row: after an array, its value text may be empty

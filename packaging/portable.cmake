@@ -6,8 +6,8 @@ set(licences "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/share/doc/brindlewick/licence
 
 file(MAKE_DIRECTORY "${folder}/lib" "${licences}/common")
 
-# The window is drawn without OpenGL. Only under Wayland Qt draws a frame around it where it could use OpenGL, so that
-# plug-in is here and the ones for X11 are not.
+# The window is drawn without OpenGL. But under Wayland Qt draws a frame around it only if OpenGL could be used, so the
+# plug-in for that is included; those for X11 are not.
 set(wanted platforms/libqxcb.so platforms/libqwayland*.so platforms/libqoffscreen.so
   wayland-shell-integration/libxdg-shell.so wayland-decoration-client/libbradient.so
   wayland-graphics-integration-client/libqt-plugin-wayland-egl.so
@@ -27,8 +27,8 @@ foreach(plugin IN LISTS chosen)
   file(INSTALL "${plugin}" DESTINATION "${folder}/plugins/${kind}")
 endforeach()
 
-# Every desktop has these, and each must be the machine's own, because it belongs to the system or to a server on it, or
-# because others of them, perhaps newer than the packing machine's, use it too.
+# Every desktop has these, and the machine's own must be used: they belong to the system or to a server on it, or other
+# libraries of the machine use them, which may be newer than those of the packing machine.
 set(of_every_desktop
   # The C library, the compiler's, and what package managers and systemd use.
   "^ld-linux" "^lib(c|m|dl|rt|pthread|resolv|stdc\\+\\+|gcc_s|z|zstd)\\.so"

@@ -109,8 +109,8 @@ public:
     OutputFile& operator=(const OutputFile&) = delete;
 
     /// Writes bytes from the first on and returns how many: all of them, unless the reader of a pipe or the
-    /// like takes no more for the moment. If it takes none at all, this waits for it 50 ms at most. On
-    /// failure, some of the bytes may be written.
+    /// like takes no more for the moment. If it takes none at all, this waits at most 50 ms. On failure, some
+    /// of the bytes may be written.
     [[nodiscard]] std::size_t write(std::string_view bytes);
     /// Closes the file. Call it once, as the last operation.
     void close();
