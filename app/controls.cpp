@@ -155,7 +155,7 @@ void Controls::layOut(QWidget& window) {
         modes->addWidget(option, place % modeRows, place / modeRows);
         ++place;
     }
-    // Beside the last option, whose caption is short: the group stays narrow in large type.
+    // Next to the last option, whose caption is short: the group stays narrow in large type.
     modes->addWidget(PushButton15, modeRows - 1, 1, Qt::AlignRight);
     modes->setColumnStretch(1, 1);
     modes->setHorizontalSpacing(2 * window.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
@@ -181,7 +181,7 @@ void Controls::layOut(QWidget& window) {
     grid->addLayout(startRow, 0, 0);
     grid->addWidget(PushButton2, 0, 1);
     grid->addWidget(ListView2, 1, 0);
-    grid->addWidget(resultsColumn, 1, 1, 2, 1); // beside the results and what is below them
+    grid->addWidget(resultsColumn, 1, 1, 2, 1); // next to the results and what is below them
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
 

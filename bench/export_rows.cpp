@@ -1,4 +1,4 @@
-// Fills the results table with rows and tells how long it takes to save and to copy them.
+// Fills the results table with rows and prints how long it takes to save and to copy them.
 //
 //     export_rows ROWS FOLDER      leaves aligned.txt, comma.txt and tabs.txt (the same cells, bare) there
 

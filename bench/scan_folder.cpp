@@ -1,4 +1,4 @@
-// Takes a folder as if it were dropped on the input file list and tells how long the scan took.
+// Takes a folder as if it were dropped on the input file list and prints how long the scan took.
 //
 //     scan_folder FOLDER
 

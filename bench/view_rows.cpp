@@ -1,4 +1,4 @@
-// How fast the results list takes rows and paints, beside the toolkit's table of items.
+// How fast the results list takes rows and paints, compared with the toolkit's table of items.
 //
 //     view_rows ROWS
 #include "app/controls.h"

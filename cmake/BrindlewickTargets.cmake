@@ -26,8 +26,8 @@ if(BRINDLEWICK_SANITIZE)
 endif()
 include(BrindlewickHardening)
 
-# What needs the operating system stands in a source named for it, x_posix.cpp, and has a twin, x_windows.cpp;
-# so do the tests. This is the word in the name.
+# Code that calls the operating system is in x_posix.cpp and x_windows.cpp, which implement the same header.
+# The tests of that code are named in the same way. This is the word in the name.
 if(WIN32)
   set(BRINDLEWICK_SYSTEM windows)
 else()

@@ -1,4 +1,4 @@
-// What the window remembers, and the optional files beside the program.
+// What the window stores, and the optional files next to the program.
 #include "app/system.h"
 #include "app/window_story.h"
 

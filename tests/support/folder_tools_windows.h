@@ -1,5 +1,5 @@
-// What a test does to folders beside the program, where the standard library stops at 260 code units and at
-// files that are read-only.
+// What a test does to folders itself, without the program's code, where the standard library stops at 260
+// code units and at files that are read-only.
 #pragma once
 
 #include <filesystem>
