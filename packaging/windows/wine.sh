@@ -19,4 +19,7 @@ start_wine() {
     trap '"$wineserver" --kill' EXIT
     # Create Wine's own files now, since tests in parallel would all try to.
     "$wine" wineboot.exe --init >"$1/wineboot.log" 2>&1 || { cat "$1/wineboot.log" >&2; return 1; }
+    # The share \\localhost\C$, which Windows has by itself.
+    mkdir -p "$WINEPREFIX/dosdevices/unc/localhost"
+    ln -sfn "$WINEPREFIX/drive_c" "$WINEPREFIX/dosdevices/unc/localhost/C\$"
 }

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QToolButton>
 #include <csignal>
 
@@ -103,7 +104,9 @@ TEST_F(Keys, ManyReportsCanBeHiddenFromTheFourthOn) {
 TEST_F(Keys, TheWindowClosesWhileADialogIsOpenButTakesNoInput) {
     fill({u"missing"}, {u"n"});
     person.beforeAnswer = [&](QDialog& dialog) {
-        EXPECT_EQ(QGuiApplication::modalWindow(), nullptr); // the title bar works
+        // The title bar works, but not beside Windows' own file dialogs.
+        const bool isModal = pathSeparator == u'\\' && qobject_cast<QFileDialog*>(&dialog) != nullptr;
+        EXPECT_EQ(QGuiApplication::modalWindow() != nullptr, isModal);
         clickRow(files(), 0);
         QTest::keyClick(files(), Qt::Key_Delete);
         window->controls().PushButton10->click(); // as assistive tools do
