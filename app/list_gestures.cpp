@@ -191,9 +191,9 @@ void ListGestures::fillFileMenu(QMenu& menu) {
     const std::optional<std::u16string> path = selectedText(*s_.controls.ListView1, s_.inputFiles);
     const bool hasPath = path.has_value();
     addItem(menu, "Remove\tDel", hasPath && !s_.user.isBusy(), [this] { removeFile(); });
-    addItem(menu, "Open", hasPath, [this, path] { s_.user.openFolder(*path); });
+    addItem(menu, "Open", hasPath, [this, path] { open(*path); });
     addItem(menu, "Show in Folder", hasPath,
-            [this, path] { s_.user.openFolder(path->substr(0, path->size() - fileNamePart(*path).size())); });
+            [this, path] { open(path->substr(0, path->size() - fileNamePart(*path).size())); });
     menu.addSeparator();
     addItem(menu, "Copy Path\tCtrl+C", hasPath,
             [this] { copySelected(*s_.controls.ListView1, s_.inputFiles); });
@@ -249,6 +249,14 @@ void ListGestures::removeFile() {
         s_.inputHandlers.ListView1_DblClick(s_.controls.ListView1->selectedRow());
         if (s_.inputFiles.size() < before)
             s_.user.endProgress(u"1 file removed; Ctrl+Z brings it back");
+    });
+}
+
+void ListGestures::open(const std::u16string& path) {
+    const Guard guard(s_.user, u"Form1.Click");
+    guard([&] {
+        if (!s_.user.openFolder(path))
+            s_.user.showMessage(u"The desktop has no program that opens " + path);
     });
 }
 

@@ -51,6 +51,7 @@ private:
     void addUndo(QMenu& menu);
 
     void removeFile();
+    void open(const std::u16string& path);
     void pasteFiles();
     void addTag(const std::u16string& typed);
     void deleteTag();

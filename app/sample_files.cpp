@@ -84,7 +84,7 @@ void SampleFiles::LoadSampleFiles(TextList& list) {
             u"Would you like this software to open the folder where these sample files are stored (so "
             u"that you can view them before working with them)?",
             YesNo::yes))
-        user_.openFolder(withSeparator(samplesFolder(programFolder_)));
+        user_.openFolder(withSeparator(samplesFolder(programFolder_))); // a failure is not reported
 }
 
 // "Load Sample/Example Files"

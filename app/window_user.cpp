@@ -200,9 +200,8 @@ void WindowUser::setClipboardText(std::u16string_view text) {
         throw Failure(FailureNumber::permissionDenied);
 }
 
-void WindowUser::openFolder(std::u16string_view folder) {
-    if (!QDesktopServices::openUrl(urlOfPath(folder)))
-        showMessage(u"The desktop has no program that opens " + std::u16string(folder));
+bool WindowUser::openFolder(std::u16string_view folder) {
+    return QDesktopServices::openUrl(urlOfPath(folder));
 }
 
 void WindowUser::catchUp() {

@@ -60,7 +60,7 @@ public:
     void showProgress(std::u16string_view text, std::uint64_t done, std::uint64_t total) override;
     void endProgress(std::u16string_view summary) override;
     void setClipboardText(std::u16string_view text) override;
-    void openFolder(std::u16string_view folder) override;
+    bool openFolder(std::u16string_view folder) override;
 
 private:
     enum class DialogKind { message, question };

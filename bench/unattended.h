@@ -37,7 +37,7 @@ public:
     void showProgress(std::u16string_view, std::uint64_t, std::uint64_t) override {}
     void endProgress(std::u16string_view) override {}
     void setClipboardText(std::u16string_view) override {}
-    void openFolder(std::u16string_view) override {}
+    bool openFolder(std::u16string_view) override { return false; }
 };
 
 /// Settings that last as long as the process.

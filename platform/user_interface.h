@@ -78,8 +78,8 @@ public:
 
     /// Replaces the clipboard's content. Fails with permissionDenied if the clipboard is not available.
     virtual void setClipboardText(std::u16string_view text) = 0;
-    /// Asks the desktop to open a folder or a file. Shows a message if it has no program for this.
-    virtual void openFolder(std::u16string_view folder) = 0;
+    /// Asks the desktop to open a folder or a file. False if it has no program for this.
+    virtual bool openFolder(std::u16string_view folder) = 0;
 
 private:
     friend class BusyScope;

@@ -107,16 +107,18 @@ TEST_F(StartUp, SamplesAreRecordedOnceAndLoadedWhileTheyAreThere) {
         click("Load Sample/Example Files");
         EXPECT_EQ(fileManager.source().isEmpty(), answer == std::string("No"));
     }
-    QDesktopServices::unsetUrlHandler("file");
+    QDesktopServices::unsetUrlHandler("file"); // now nothing opens a folder
+    person.answers = {"Yes"};
+    click("Load Sample/Example Files");
     EXPECT_EQ(fileManager.source(), QUrl::fromLocalFile(path("Samples/")));
     EXPECT_THAT(rows(files()),
                 ElementsAre(utf8(folder.text("Samples/A.json")), utf8(folder.text("Samples/b.json"))));
-    EXPECT_THAT(rows(tags()), ElementsAre("name", "name"));
+    EXPECT_THAT(rows(tags()), ElementsAre("name", "name", "name"));
     EXPECT_EQ(mode(), 2);
     const std::string question =
         "Brindlewick: Would you like this software to open the folder where these sample files are stored "
         "(so that you can view them before working with them)? [Yes,No]";
-    EXPECT_THAT(person.shown(), ElementsAre(question, question));
+    EXPECT_THAT(person.shown(), ElementsAre(question, question, question));
 }
 
 TEST_F(StartUp, ASkinAndAHandPointerAreAppliedOrReported) {

@@ -94,7 +94,10 @@ public:
         add("summary: ", summary);
     }
     void setClipboardText(std::u16string_view text) override { add("clipboard: ", text); }
-    void openFolder(std::u16string_view path) override { add("opened folder: ", path); }
+    bool openFolder(std::u16string_view path) override {
+        add("opened folder: ", path);
+        return true;
+    }
 
 private:
     void add(const char* kind, std::u16string_view text) { note(kind + shown(std::u16string(text))); }
