@@ -190,10 +190,13 @@ void WindowUser::setClipboardText(std::u16string_view text) {
     QClipboard* clipboard = QGuiApplication::clipboard();
     QString wanted;
     wanted.reserve(static_cast<qsizetype>(text.size()));
-    for (; !text.empty(); text.remove_prefix(std::min(text.size(), unitsBetweenYields))) {
+    for (; text.size() > unitsBetweenYields; text.remove_prefix(unitsBetweenYields)) {
         wanted += toQString(text.substr(0, unitsBetweenYields));
         yield();
     }
+    wanted += toQString(text);
+    if (isBusy() && isStopRequested())
+        return;
     clipboard->setText(wanted);
     // Some platforms do not report the clipboard's owner, so compare its content.
     if (!clipboard->ownsClipboard() && clipboard->text() != wanted)

@@ -76,7 +76,8 @@ public:
     /// Shows what an operation has done, in place of its progress.
     virtual void endProgress(std::u16string_view summary) = 0;
 
-    /// Replaces the clipboard's content. Fails with permissionDenied if the clipboard is not available.
+    /// Replaces the clipboard's content, unless the user stops the operation that is under way. Fails with
+    /// permissionDenied if the clipboard is not available.
     virtual void setClipboardText(std::u16string_view text) = 0;
     /// Asks the desktop to open a folder or a file. False if it has no program for this.
     virtual bool openFolder(std::u16string_view folder) = 0;
