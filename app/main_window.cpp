@@ -173,7 +173,9 @@ void Form1::nameKey(const QKeySequence& keys, QPushButton* button, const char* w
 }
 
 void Form1::copySelectedRows() {
-    outputHandlers_.ListView2_Copy(controls_.ListView2->selectedRanges());
+    // The handler reports its own failures; listing the ranges may fail too.
+    const Guard guard(user_, u"Form1.ListView2_KeyDown");
+    guard([this] { outputHandlers_.ListView2_Copy(controls_.ListView2->selectedRanges()); });
 }
 
 /// What the lists hold, for the status bar.
