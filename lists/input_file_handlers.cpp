@@ -100,12 +100,7 @@ void InputFileHandlers::PushButton16_Click() {
     guard([&] {
         paths = pathsOfSelection(user_.chooseFilesToOpen({addFilesTitle, u"All Files (*.*)|*.*|"}));
     });
-    if (paths.empty())
-        return;
-    const std::size_t before = inputFiles_.size();
-    BusyScope busy(user_, guard);
-    ReadListFiles(user_, guard, paths, inputFiles_);
-    busy.end([&] { return filesAddedText(inputFiles_, before); });
+    ReadListFiles(user_, guard, paths, inputFiles_, filesAddedText);
 }
 
 // "Clear List"

@@ -1,6 +1,7 @@
 #include "lists/list_file.h"
 
 #include "lists/list_summaries.h"
+#include "platform/busy_scope.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "platform/text_encoding.h"
@@ -83,17 +84,22 @@ void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list)
         splitter.add({block.data(), count});
         user.showProgress(readingProgress(list.size() - before, path), offset, file.length());
         user.yield();
-        if (user.isStopRequested())
+        if (user.isStopRequested() && offset < file.length())
             return; // without the line that is not read to its end
     }
     splitter.finish();
 }
 
 void ReadListFiles(UserInterface& user, const Guard& guard, const std::vector<std::u16string>& paths,
-                   TextList& list) {
+                   TextList& list, std::u16string (&summary)(const TextList&, std::size_t)) {
+    if (paths.empty())
+        return;
+    const std::size_t before = list.size();
+    BusyScope busy(user, guard);
     for (const std::u16string& path : paths)
         if (!user.isStopRequested())
             guard([&] { ReadListFile(user, path, list); });
+    busy.end([&] { return summary(list, before); });
 }
 
 } // namespace brindlewick

@@ -5,6 +5,7 @@
 #include "platform/error_report.h"
 #include "platform/user_interface.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,8 +21,9 @@ namespace brindlewick {
 /// length; needs memory for one entry beyond the list. Shows progress, and ends early when the user stops it.
 void ReadListFile(UserInterface& user, std::u16string_view path, TextList& list);
 
-/// Reads the files in order, each as a step of `guard`, until the user stops it. Called within a BusyScope.
+/// An operation that reads the files in order, each as a step of `guard`, until the user stops it. Its
+/// summary is that of the list's rows from a given one on. Does nothing without paths.
 void ReadListFiles(UserInterface& user, const Guard& guard, const std::vector<std::u16string>& paths,
-                   TextList& list);
+                   TextList& list, std::u16string (&summary)(const TextList&, std::size_t));
 
 } // namespace brindlewick

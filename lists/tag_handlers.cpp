@@ -3,7 +3,6 @@
 #include "lists/list_file.h"
 #include "lists/list_summaries.h"
 #include "lists/listed_paths.h"
-#include "platform/busy_scope.h"
 #include "platform/error_report.h"
 #include "platform/failure.h"
 
@@ -42,12 +41,7 @@ void TagHandlers::PushButton4_Click() {
             user_.chooseFilesToOpen({u"Load List(s) - Hold Ctrl to select multiple list files",
                                      u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*|"}));
     });
-    if (paths.empty())
-        return;
-    const std::size_t before = tags_.size();
-    BusyScope busy(user_, guard);
-    ReadListFiles(user_, guard, paths, tags_);
-    busy.end([&] { return tagsAddedText(tags_, before); });
+    ReadListFiles(user_, guard, paths, tags_, tagsAddedText);
 }
 
 // "Delete Selected Tag"
